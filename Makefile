@@ -1,0 +1,24 @@
+# `make demo`, `make test`, `make bench`: each installs what is missing, configures its build tree
+# once and then builds incrementally.
+.PHONY: demo test bench deps
+
+deps:
+	@scripts/install-deps
+
+build/dev/build.ninja: | deps
+	cmake --preset dev
+
+build/release/build.ninja: | deps
+	cmake --preset release
+
+test: deps build/dev/build.ninja
+	cmake --build build/dev
+	ctest --preset dev
+
+demo: deps build/release/build.ninja
+	cmake --build build/release
+	scripts/demo build/release
+
+bench: deps build/release/build.ninja
+	cmake --build build/release
+	scripts/run-benchmarks build/release
