@@ -30,6 +30,8 @@ function(asistente_add_library name)
     target_include_directories(asistente_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(asistente_${name} PUBLIC ${ARG_PUBLIC_DEPENDS} PRIVATE ${ARG_DEPENDS})
     if(ARG_QT_PCH)
+        # Widgets code: moc for its signals, and the shared precompiled Qt headers.
+        set_target_properties(asistente_${name} PROPERTIES AUTOMOC ON)
         asistente_use_qt_pch(asistente_${name})
     endif()
 endfunction()

@@ -17,6 +17,7 @@ inline constexpr std::int32_t OutOfMemory = 7;
 inline constexpr std::int32_t SubscriptOutOfRange = 9;
 inline constexpr std::int32_t TypeMismatch = 13;
 inline constexpr std::int32_t FileNotFound = 53;
+inline constexpr std::int32_t PathFileAccess = 75;
 inline constexpr std::int32_t PathNotFound = 76;
 inline constexpr std::int32_t ObjectNotSet = 91;
 /// A component outside the program (the SOAP service, the HTTP transport) failed.
@@ -45,6 +46,12 @@ private:
     std::string m_source;
     std::string m_description;
 };
+
+/// The runtime's own text for one of the RuntimeErrorNumber values, as the person would read it.
+std::string runtimeErrorText(std::int32_t number);
+
+/// Throws a RaisedError with the runtime's own text for `number`.
+[[noreturn]] void raiseRuntimeError(std::int32_t number);
 
 /// Throws a RaisedError. The default source marks it as not yet named by a handler.
 [[noreturn]] void raiseError(std::int32_t number, std::string description,

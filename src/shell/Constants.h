@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QDateTime>
+
+#include <string>
+
+/// The decimal separator of the user's locale, read once when the program starts. Tests may
+/// assign it.
+extern std::string gDecimalSeparator;
+
+/// The separator a locale writes in 1.1.
+std::string decimalSeparatorOf(const class QLocale &locale);
+
+double MaxOf(double a, double b);
+double MinOf(double a, double b);
+
+/// A text in the locale's form (or the database's y-m-d h:n:s form) as a date. On failure the
+/// error is reported and the result is the zero date, 30 December 1899 at midnight.
+QDateTime convertToDate(const std::string &text);
+
+/// year-month-day hour:minute:second with no padding (2004-3-12 8:9:0), for the database and
+/// for documents, where a date must not depend on the locale.
+std::string convertToString(const QDateTime &value);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "shell/Operation.h"
+
+#include <memory>
+#include <string>
+
+/// What a page knows of the wizard that holds it: the door to the next page and the operation
+/// the pages are building.
+class PageHost
+{
+public:
+    virtual ~PageHost() = default;
+    /// Shows the page under `key`; "Stop" ends the wizard and "Exit" closes the application.
+    virtual void SwitchPage(const std::string &key) = 0;
+    virtual std::shared_ptr<Operation> operation() const = 0;
+    virtual void setOperation(std::shared_ptr<Operation> operation) = 0;
+};
