@@ -1,0 +1,162 @@
+#include "ShellTest.h"
+#include "TestPanels.h"
+
+#include "shell/BusyCursor.h"
+#include "shell/window/MainWindow.h"
+
+#include <QAction>
+#include <QPointer>
+#include <QTest>
+#include <QToolBar>
+
+namespace {
+
+/// Every panel of the window is a two-page wizard the test can look into.
+class MainWindowTest : public ShellTest
+{
+protected:
+    MainWindow *openWindow()
+    {
+        auto *window = new MainWindow(
+            [](const QString &name, HostWindow &host, QWidget *parent) -> WizardShell * {
+                return new TwoPageWizard(host, name, parent);
+            },
+            [this] { ++unloads; });
+        gMainWindow = window;
+        window->loadAndShow();
+        return window;
+    }
+    TwoPageWizard *panel(MainWindow *window, const char *name)
+    {
+        return window->findChild<TwoPageWizard *>(name);
+    }
+    void release(MainWindow *window, Qt::Key key) { QTest::keyRelease(window, key); }
+
+    int unloads = 0;
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, opensOnTheStartPanelWithItsCaptionAndToolbar)
+{
+    MainWindow *window = openWindow();
+    EXPECT_EQ(window->windowTitle().toStdString(), "Asistente de Publicación");
+    EXPECT_EQ(window->currentPageKey(), "Stop");
+
+    const auto actions = window->findChild<QToolBar *>("Toolbar")->actions();
+    std::vector<std::string> captions, keys;
+    for (QAction *action : actions) {
+        captions.push_back(action->text().toStdString());
+        keys.push_back(action->objectName().toStdString());
+    }
+    EXPECT_EQ(captions, (std::vector<std::string>{"Minitiendas", "Asociaciones", "Publicaciones",
+                                                  "Enviar", "Nuevo Prod.", "Ayuda", "Salir"}));
+    EXPECT_EQ(keys, (std::vector<std::string>{"Ministores", "Associations", "Publications", "Send",
+                                              "Request", "Help", "Exit"}));
+    EXPECT_EQ(actions[0]->toolTip().toStdString(),
+              "Asociación de Minitiendas con Depósitos Virtuales");
+    EXPECT_EQ(actions[0]->statusTip().toStdString(),
+              "Editar asociación de minitiendas con Depósitos Virtuales");
+    EXPECT_EQ(gWaitCount, 0);
+    window->close();
+}
+
+TEST_F(MainWindowTest, functionKeysAndToolbarMoveAmongThePanels)
+{
+    MainWindow *window = openWindow();
+    const std::pair<Qt::Key, const char *> routes[] = {
+        {Qt::Key_F2, "Ministores"}, {Qt::Key_F3, "Associations"}, {Qt::Key_F4, "Publications"},
+        {Qt::Key_F5, "Send"},       {Qt::Key_F6, "Request"},      {Qt::Key_Escape, "Stop"}};
+    for (const auto &[key, panelKey] : routes) {
+        release(window, key);
+        EXPECT_EQ(window->currentPageKey(), panelKey);
+    }
+    window->findChild<QToolBar *>("Toolbar")->actions()[2]->trigger();
+    EXPECT_EQ(window->currentPageKey(), "Publications");
+    EXPECT_TRUE(panel(window, "PublicationWizard1")->isVisible());
+    EXPECT_FALSE(panel(window, "StartScreen1")->isVisible());
+    window->close();
+}
+
+TEST_F(MainWindowTest, theSameKeyTwiceDoesNothingAtAll)
+{
+    MainWindow *window = openWindow();
+    release(window, Qt::Key_F2);
+    TwoPageWizard *ministores = panel(window, "MinistoresWizard1");
+    ASSERT_EQ(ministores->first->starts, 1);
+
+    release(window, Qt::Key_F2);
+    EXPECT_EQ(ministores->first->starts, 1);
+    EXPECT_EQ(ministores->first->stopQuestions, 0);
+    window->close();
+}
+
+TEST_F(MainWindowTest, helpAsksThePanelButKeepsItOnShow)
+{
+    MainWindow *window = openWindow();
+    release(window, Qt::Key_F2);
+    TwoPageWizard *ministores = panel(window, "MinistoresWizard1");
+    ministores->first->mayStop = false;
+
+    release(window, Qt::Key_F1);
+    EXPECT_EQ(ministores->first->stopQuestions, 1);
+    EXPECT_EQ(window->currentPageKey(), "Ministores");
+    ASSERT_EQ(ui->openedUrls().size(), 1u);
+    EXPECT_EQ(ui->openedUrls()[0],
+              "file://" + std::filesystem::current_path().string() + "/docs/index.htm");
+    EXPECT_EQ(window->helpBrowser(), ui->openedUrls()[0]);
+    window->close();
+}
+
+TEST_F(MainWindowTest, aRefusingPanelKeepsTheWindowOpenButTheCloseBoxStillCloses)
+{
+    QPointer<MainWindow> window = openWindow();
+    release(window, Qt::Key_F2);
+    panel(window, "MinistoresWizard1")->first->mayStop = false;
+
+    release(window, Qt::Key_F10);
+    EXPECT_TRUE(window->isVisible());
+    release(window, Qt::Key_Escape);
+    EXPECT_EQ(window->currentPageKey(), "Ministores");
+    EXPECT_EQ(unloads, 0);
+
+    window->close(); // the close box asks nobody
+    EXPECT_EQ(unloads, 1);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window.isNull());
+    EXPECT_EQ(gMainWindow, nullptr);
+}
+
+TEST_F(MainWindowTest, exitFromAPageLeavesThroughTheSameRule)
+{
+    QPointer<MainWindow> window = openWindow();
+    release(window, Qt::Key_F3);
+    panel(window, "AssociationWizard1")->SwitchPage("Exit");
+    EXPECT_EQ(unloads, 1);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MainWindowTest, anUnknownKeyIsAFatalErrorThatClosesTheWindow)
+{
+    QPointer<MainWindow> window = openWindow();
+    window->ShowWizard("Catalogo");
+    EXPECT_NE(logLines().at(0).find("(MainWindow:ShowWizard)"), std::string::npos);
+    EXPECT_EQ(ui->boxTexts().back(), "La aplicación será cerrada");
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(unloads, 1);
+    EXPECT_EQ(gWaitCount, 0);
+}
+
+TEST(MainWindowGeometry, aSmallScreenGivesTheMinimumSizeAtTheCorner)
+{
+    EXPECT_EQ(MainWindow::geometryFor(QSize(600, 400)), QRect(0, 0, 800, 600));
+}
+
+TEST(MainWindowGeometry, aLargeScreenGivesACentredWindowAMarginSmaller)
+{
+    const QRect geometry = MainWindow::geometryFor(QSize(1920, 1080));
+    EXPECT_EQ(geometry.width(), 1920 - 133);
+    EXPECT_EQ(geometry.height(), 1080 - 67);
+    EXPECT_EQ(geometry.left(), 67);
+    EXPECT_EQ(geometry.top(), 33);
+}
