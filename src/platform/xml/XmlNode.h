@@ -17,7 +17,7 @@ class XmlNodeRef;
 /// A default-constructed handle is null, as is what a search that found nothing returns. Every
 /// member of a null handle but isNull raises RuntimeErrorNumber::ObjectNotSet. A request the
 /// DOM refuses (a bad XPath, a child where none may go) raises RuntimeErrorNumber::AutomationError
-/// with the reason in the description.
+/// with the reason in the description. Handles on one tree belong to one thread.
 class XmlNode
 {
 public:

@@ -6,8 +6,7 @@ namespace {
 
 // Visits node's subtree in document order, and alongside it twin, a subtree of the same
 // shape; stops early when visit returns false.
-template <typename Visit>
-void walkSideBySide(pugi::xml_node node, pugi::xml_node twin, Visit visit)
+template <typename Visit> void walkPaired(pugi::xml_node node, pugi::xml_node twin, Visit visit)
 {
     pugi::xml_node source = node;
     pugi::xml_node target = twin;
@@ -58,7 +57,7 @@ pugi::xml_node XmlTree::move(std::shared_ptr<XmlTree> from, pugi::xml_node node,
     if (!copy)
         return copy;
     if (!from->m_handles.empty()) {
-        walkSideBySide(node, copy, [&](pugi::xml_node source, pugi::xml_node target) {
+        walkPaired(node, copy, [&](pugi::xml_node source, pugi::xml_node target) {
             const auto found = from->m_handles.find(source.internal_object());
             if (found != from->m_handles.end()) {
                 XmlNodeRef *ref = found->second;
@@ -93,7 +92,7 @@ bool XmlTree::holdsHandleWithin(pugi::xml_node node) const
 {
     bool held = false;
     if (!m_handles.empty()) {
-        walkSideBySide(node, node, [&](pugi::xml_node source, pugi::xml_node) {
+        walkPaired(node, node, [&](pugi::xml_node source, pugi::xml_node) {
             held = m_handles.contains(source.internal_object());
             return !held;
         });
