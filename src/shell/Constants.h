@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 
+#include <cstdint>
 #include <string>
 
 /// The decimal separator of the user's locale, read once when the program starts. Tests may
@@ -21,3 +22,12 @@ QDateTime convertToDate(const std::string &text);
 /// year-month-day hour:minute:second with no padding (2004-3-12 8:9:0), for the database and
 /// for documents, where a date must not depend on the locale.
 std::string convertToString(const QDateTime &value);
+
+/// The leading number of `text` as a lenient reader takes it: blanks skipped, a sign, digits and
+/// a decimal part ("12abc" is 12, "abc" and "" are 0), rounded half to even. Overflow beyond
+/// 32 bits.
+std::int32_t leadingNumber(const std::string &text);
+
+/// `text` as a whole number, rounded half to even; TypeMismatch when it is not a number,
+/// Overflow beyond 32 bits.
+std::int32_t wholeNumber(const std::string &text);

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "gateways/BackOfficeSession.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+/// The seller running the assistant: the ERP's customer, with the coordinates of its database
+/// and its session with the back office. One instance, gSeller, made at its first use.
+class Seller : public BackOfficeSession
+{
+public:
+    /// Reads the client data and the database coordinates from the ERP.
+    Seller();
+    /// Forgets the session without closing it: the main window closes it when it goes.
+    ~Seller() override;
+
+    std::int32_t ClassDebugID() const { return m_classDebugId; }
+    /// First client key given by the ERP.
+    const std::string &license() const { return m_license; }
+    /// The seller's id in the marketplace.
+    const std::string &id() const { return m_id; }
+    const std::string &server() const { return m_server; }
+    const std::string &database() const { return m_database; }
+    const std::string &user() const { return m_user; }
+    const std::string &password() const { return m_password; }
+
+    /// The text every database operation opens its connection with.
+    std::string connectionString() const;
+
+    /// The open session's id; opens one when none is open. 0, after reporting, when opening
+    /// fails.
+    std::int32_t sessionId() override;
+    /// Closes the session if one is open.
+    void closeSession() override;
+    bool isSessionStarted() const { return m_sessionStarted; }
+
+private:
+    void GetClientInfo();
+
+    std::int32_t m_classDebugId;
+    std::string m_license;
+    std::string m_clientKey2;
+    std::int32_t m_clientNumber = 0;
+    std::string m_id;
+    std::string m_server;
+    std::string m_database;
+    std::string m_user;
+    std::string m_password;
+    std::int32_t m_sessionId = 0;
+    bool m_sessionStarted = false;
+};
+
+/// gSeller: made at its first use, then the same object for the whole run.
+class SellerInstance
+{
+public:
+    Seller *operator->() { return &get(); }
+    Seller &operator*() { return get(); }
+    /// Whether it has been made yet (closing the session on unload must not make it).
+    bool exists() const { return m_seller != nullptr; }
+    /// Drops the instance, so the next use makes a new one.
+    void reset() { m_seller.reset(); }
+
+private:
+    Seller &get();
+    std::unique_ptr<Seller> m_seller;
+};
+
+extern SellerInstance gSeller;
