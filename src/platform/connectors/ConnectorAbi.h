@@ -15,8 +15,8 @@ extern "C" {
 int32_t IniciarSesionW(const char *clientKey1, const char *clientKey2, int32_t clientNumber,
                        int32_t *sessionId);
 int32_t CerrarSesionW(int32_t sessionId);
-int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request, char *reply,
-                           int32_t replySize);
+int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request,
+                           char *reply, int32_t replySize);
 
 /* ERP */
 int32_t ObtenerIDCliente(int32_t *clientNumber, char *license, char *clientKey2, char *id);

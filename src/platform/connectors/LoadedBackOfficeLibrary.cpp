@@ -11,7 +11,8 @@ LoadedBackOfficeLibrary::LoadedBackOfficeLibrary()
 {
 }
 
-std::int32_t LoadedBackOfficeLibrary::IniciarSesionW(const char *clientKey1, const char *clientKey2,
+std::int32_t LoadedBackOfficeLibrary::IniciarSesionW(const char *clientKey1,
+                                                     const char *clientKey2,
                                                      std::int32_t clientNumber,
                                                      std::int32_t *sessionId)
 {

@@ -21,15 +21,15 @@ std::int32_t LoadedErpLibrary::ObtenerDataBase(char *server, char *database, cha
 }
 
 std::int32_t LoadedErpLibrary::ListarDepositosVirtuales(std::int32_t querySize, char *position,
-                                                        std::int32_t direction, std::int32_t *count,
-                                                        char *reply)
+                                                        std::int32_t direction,
+                                                        std::int32_t *count, char *reply)
 {
     return ERP_FUNCTION(ListarDepositosVirtuales)(querySize, position, direction, count, reply);
 }
 
-std::int32_t LoadedErpLibrary::ObtenerContenidoCategoria(std::int32_t productType, char *categoryId,
-                                                         std::int32_t querySize, char *position,
-                                                         std::int32_t direction,
+std::int32_t LoadedErpLibrary::ObtenerContenidoCategoria(std::int32_t productType,
+                                                         char *categoryId, std::int32_t querySize,
+                                                         char *position, std::int32_t direction,
                                                          const char *ministoreId,
                                                          std::int32_t *count, char *reply)
 {
@@ -39,7 +39,8 @@ std::int32_t LoadedErpLibrary::ObtenerContenidoCategoria(std::int32_t productTyp
 
 std::int32_t LoadedErpLibrary::BusquedaProductosIndividual(
     std::int32_t productType, std::int32_t queryType, char *searchText, std::int32_t querySize,
-    char *lastId, std::int32_t direction, const char *ministoreId, std::int32_t *count, char *reply)
+    char *lastId, std::int32_t direction, const char *ministoreId, std::int32_t *count,
+    char *reply)
 {
     return ERP_FUNCTION(BusquedaProductosIndividual)(productType, queryType, searchText, querySize,
                                                      lastId, direction, ministoreId, count, reply);

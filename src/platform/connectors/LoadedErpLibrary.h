@@ -13,7 +13,8 @@ public:
 
     std::int32_t ObtenerIDCliente(std::int32_t *clientNumber, char *license, char *clientKey2,
                                   char *id) override;
-    std::int32_t ObtenerDataBase(char *server, char *database, char *user, char *password) override;
+    std::int32_t ObtenerDataBase(char *server, char *database, char *user,
+                                 char *password) override;
     std::int32_t ListarDepositosVirtuales(std::int32_t querySize, char *position,
                                           std::int32_t direction, std::int32_t *count,
                                           char *reply) override;
@@ -22,9 +23,10 @@ public:
                                            std::int32_t direction, const char *ministoreId,
                                            std::int32_t *count, char *reply) override;
     std::int32_t BusquedaProductosIndividual(std::int32_t productType, std::int32_t queryType,
-                                             char *searchText, std::int32_t querySize, char *lastId,
-                                             std::int32_t direction, const char *ministoreId,
-                                             std::int32_t *count, char *reply) override;
+                                             char *searchText, std::int32_t querySize,
+                                             char *lastId, std::int32_t direction,
+                                             const char *ministoreId, std::int32_t *count,
+                                             char *reply) override;
     std::int32_t ObtenerDefinicionProducto(std::int32_t productType, const char *key,
                                            const char *ministoreId, char *reply) override;
     std::int32_t ObtenerImpuestos(char *reply) override;

@@ -39,14 +39,16 @@ TEST(ConnectorLibrariesTest, theErpFunctionsRunInTheLibraryTheVariableNames)
 
     std::int32_t clientNumber = 0;
     auto license = buffer(256), clientKey2 = buffer(256), id = buffer(256);
-    EXPECT_EQ(erp.ObtenerIDCliente(&clientNumber, license.data(), clientKey2.data(), id.data()), 0);
+    EXPECT_EQ(erp.ObtenerIDCliente(&clientNumber, license.data(), clientKey2.data(), id.data()),
+              0);
     EXPECT_EQ(clientNumber, 4711);
     EXPECT_STREQ(license.data(), "LIC-0042");
     EXPECT_STREQ(clientKey2.data(), "clave-dos");
     EXPECT_STREQ(id.data(), "vendedor-7");
 
     auto reply = buffer(65535);
-    EXPECT_EQ(erp.ObtenerDefinicionProducto(3, "P-1|2024-05-01 10:00:00", "mt-2", reply.data()), 0);
+    EXPECT_EQ(erp.ObtenerDefinicionProducto(3, "P-1|2024-05-01 10:00:00", "mt-2", reply.data()),
+              0);
     EXPECT_STREQ(reply.data(),
                  R"(<Producto tipo="3" clave="P-1|2024-05-01 10:00:00" minitienda="mt-2"/>)");
     // The library's own codes come back untouched: reading them is the gateways' business.
@@ -148,8 +150,9 @@ public:
     {
         return -1;
     }
-    std::int32_t ObtenerContenidoCategoria(std::int32_t, char *, std::int32_t, char *, std::int32_t,
-                                           const char *, std::int32_t *, char *) override
+    std::int32_t ObtenerContenidoCategoria(std::int32_t, char *, std::int32_t, char *,
+                                           std::int32_t, const char *, std::int32_t *,
+                                           char *) override
     {
         return -1;
     }

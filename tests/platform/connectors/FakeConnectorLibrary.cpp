@@ -30,8 +30,8 @@ int32_t IniciarSesionW(const char *clientKey1, const char *clientKey2, int32_t c
     return std::strcmp(clientKey1, "LIC-0042") == 0 ? 0 : -2005;
 }
 
-int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request, char *reply,
-                           int32_t replySize)
+int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request,
+                           char *reply, int32_t replySize)
 {
     std::snprintf(reply, static_cast<size_t>(replySize),
                   "<Respuesta operacion=\"%d\" sesion=\"%d\">%s</Respuesta>", operationId,
