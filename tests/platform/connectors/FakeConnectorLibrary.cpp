@@ -1,5 +1,5 @@
 // A small real library with part of the connectors' C interface, built by the tests so that
-// loading, calling and the missing-function path run through dlopen for real. It leaves out
+// loading, calling and the missing-function path go through dlopen for real. It leaves out
 // ObtenerImpuestos and CerrarSesionW on purpose.
 #include "platform/connectors/ConnectorAbi.h"
 
@@ -15,15 +15,7 @@ int32_t ObtenerIDCliente(int32_t *clientNumber, char *license, char *clientKey2,
     return 0;
 }
 
-int32_t ObtenerDefinicionProducto(int32_t productType, const char *key, const char *ministoreId,
-                                  char *reply)
-{
-    std::snprintf(reply, 65535, "<Producto tipo=\"%d\" clave=\"%s\" minitienda=\"%s\"/>",
-                  productType, key, ministoreId);
-    return productType == 9 ? 8002 : 0;
-}
-
-int32_t IniciarSesionW(const char *clientKey1, const char *clientKey2, int32_t clientNumber,
+int32_t IniciarSesionW(const char *clientKey1, const char *, int32_t clientNumber,
                        int32_t *sessionId)
 {
     *sessionId = clientNumber + 1;
@@ -33,8 +25,7 @@ int32_t IniciarSesionW(const char *clientKey1, const char *clientKey2, int32_t c
 int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request,
                            char *reply, int32_t replySize)
 {
-    std::snprintf(reply, static_cast<size_t>(replySize),
-                  "<Respuesta operacion=\"%d\" sesion=\"%d\">%s</Respuesta>", operationId,
-                  sessionId, request);
+    std::snprintf(reply, static_cast<size_t>(replySize), "<R op=\"%d\" s=\"%d\">%s</R>",
+                  operationId, sessionId, request);
     return 0;
 }
