@@ -2,14 +2,17 @@
 #
 # Defines the CTest fixture <name>: the test <name>.start runs feria-sim --port 0 on a fresh copy
 # of the data directory (the demo data when DATA is not given) and waits until it listens; the
-# test <name>.stop stops it with SIGTERM. The marketplace's URL is written to the file whose path
-# the function leaves in <name>_URL_FILE in the caller's scope. A test uses it so:
+# test <name>.stop stops it with SIGTERM. The marketplace's URL ("http://127.0.0.1:N") is written
+# to the file whose path the function leaves in <name>_URL_FILE in the caller's scope; a test
+# learns that path from the environment or from a compile definition:
 #
 #   asistente_feria_sim_fixture(feriaDemo)
 #   asistente_add_test(foo_test LABEL integration SOURCES ... FIXTURES feriaDemo
 #       ENVIRONMENT ASISTENTE_TEST_MARKETPLACE_URL_FILE=${feriaDemo_URL_FILE})
+#   # or: target_compile_definitions(foo_test PRIVATE URL_FILE="${feriaDemo_URL_FILE}")
 #
-# Calling it again with the same name, from any folder, reuses the one fixture.
+# Calling it again with the same name, from any folder, reuses the one fixture; its server is
+# shared by every test that requires it, so such tests must not count on a pristine state.
 function(asistente_feria_sim_fixture name)
     cmake_parse_arguments(ARG "" "DATA" "" ${ARGN})
     if(NOT ARG_DATA)

@@ -4,6 +4,11 @@
 #   feria-sim-fixture.sh stop <fixture dir>
 set -eu
 
+# A stopped server may linger as a zombie until whoever adopted it reaps it: that counts as gone.
+running() {
+    kill -0 "$1" 2>/dev/null && ! grep -q '^[0-9]* (.*) Z' "/proc/$1/stat" 2>/dev/null
+}
+
 stop() {
     dir=$1
     [ -f "$dir/pid" ] || return 0
@@ -11,7 +16,7 @@ stop() {
     rm -f "$dir/pid" "$dir/url"
     kill -TERM "$pid" 2>/dev/null || return 0
     i=0
-    while kill -0 "$pid" 2>/dev/null; do
+    while running "$pid"; do
         i=$((i + 1))
         if [ "$i" -gt 100 ]; then
             kill -KILL "$pid" 2>/dev/null || true
@@ -35,7 +40,7 @@ start)
     echo "$pid" >"$dir/pid"
     i=0
     until grep -q '^listening on ' "$dir/out"; do
-        if ! kill -0 "$pid" 2>/dev/null; then
+        if ! running "$pid"; then
             echo "feria-sim ended before listening:" >&2
             cat "$dir/err" >&2
             rm -f "$dir/pid"
