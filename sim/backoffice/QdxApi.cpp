@@ -34,8 +34,8 @@ int32_t CerrarSesionW(int32_t sessionId)
     }
 }
 
-int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request, char *reply,
-                           int32_t replySize)
+int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request,
+                           char *reply, int32_t replySize)
 {
     if (request == nullptr || reply == nullptr || replySize <= 0) {
         return QdxCode::BadParameters;

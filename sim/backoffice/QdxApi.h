@@ -22,8 +22,8 @@ int32_t CerrarSesionW(int32_t sessionId);
 /* Runs one back-office operation. The reply is written into reply as a NUL-terminated text,
  * cut at replySize - 1 characters when longer; on a non-zero code reply is left as it was.
  * An unknown or lost session gives -2005. */
-int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request, char *reply,
-                           int32_t replySize);
+int32_t EjecutarOperacionW(int32_t operationId, int32_t sessionId, const char *request,
+                           char *reply, int32_t replySize);
 
 #ifdef __cplusplus
 }

@@ -275,8 +275,8 @@ std::string BackOfficeService::validateUser(pugi::xml_node request, pugi::xml_no
     for (pugi::xml_node known : store.children("User")) {
         if (user == known.attribute("name").value() &&
             password == known.attribute("password").value()) {
-            return ReplyDocument::status("ValidateUser", MarketplaceCode::Success, "Usuario válido",
-                                         false);
+            return ReplyDocument::status("ValidateUser", MarketplaceCode::Success,
+                                         "Usuario válido", false);
         }
     }
     return ReplyDocument::status("ValidateUser", MarketplaceCode::WrongCredentials,

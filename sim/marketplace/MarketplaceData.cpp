@@ -33,8 +33,8 @@ std::unique_ptr<MarketplaceData> MarketplaceData::load(const std::filesystem::pa
     }
     if (!parsed) {
         raiseError(RuntimeErrorNumber::TypeMismatch,
-                   file.string() + " está mal construido: " + parsed.description() + " (posición " +
-                       std::to_string(parsed.offset) + ")");
+                   file.string() + " está mal construido: " + parsed.description() +
+                       " (posición " + std::to_string(parsed.offset) + ")");
     }
     return std::unique_ptr<MarketplaceData>(new MarketplaceData(std::move(doc), file.string()));
 }
@@ -51,7 +51,8 @@ std::unique_ptr<MarketplaceData> MarketplaceData::fromText(const std::string &xm
     return std::unique_ptr<MarketplaceData>(new MarketplaceData(std::move(doc), "datos"));
 }
 
-MarketplaceData::MarketplaceData(std::unique_ptr<pugi::xml_document> doc, const std::string &origin)
+MarketplaceData::MarketplaceData(std::unique_ptr<pugi::xml_document> doc,
+                                 const std::string &origin)
     : m_doc(std::move(doc)), m_root(m_doc->child("Marketplace"))
 {
     if (!m_root) {

@@ -175,8 +175,9 @@ std::string SoapMessage::response(std::string_view operation, const std::string 
     decl.append_attribute("encoding") = "UTF-8";
     pugi::xml_node envelope = doc.append_child("SOAP-ENV:Envelope");
     envelope.append_attribute("xmlns:SOAP-ENV") = "http://schemas.xmlsoap.org/soap/envelope/";
-    pugi::xml_node reply = envelope.append_child("SOAP-ENV:Body")
-                               .append_child(("ns:" + std::string(operation) + "Response").c_str());
+    pugi::xml_node reply =
+        envelope.append_child("SOAP-ENV:Body")
+            .append_child(("ns:" + std::string(operation) + "Response").c_str());
     reply.append_attribute("xmlns:ns") = std::string(ServiceContract::kNamespace).c_str();
     reply.append_child(std::string(ServiceContract::kResultPart).c_str()).text() = result.c_str();
     std::ostringstream out;

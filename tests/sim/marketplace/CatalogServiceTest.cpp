@@ -56,7 +56,8 @@ TEST_F(DemoMarketplace, sellerInformationListsTheThreeMinistoresWithWhatEachPubl
     EXPECT_EQ(reply.code(), 0);
     EXPECT_EQ(values(reply, "//Store/StoreID"),
               (std::vector<std::string>{"MT-100", "MT-200", "MT-300"}));
-    EXPECT_EQ(values(reply, "//Store/NumberOfProducts"), (std::vector<std::string>{"3", "1", "0"}));
+    EXPECT_EQ(values(reply, "//Store/NumberOfProducts"),
+              (std::vector<std::string>{"3", "1", "0"}));
     EXPECT_GT(values(reply, "//Store[StoreID='MT-200']/Name")[0].size(), 40u);
     pugi::xml_node emptyDescription =
         reply.select("//Store[StoreID='MT-300']/Description").first().node();
@@ -242,7 +243,8 @@ TEST_F(DemoMarketplace, definitionsNameOnlyKnownPropertiesAndCoverEveryDataTypeA
                               "@displayName)]")
                       .size(),
                   0u);
-        for (const std::string &type : values(reply, "//PropertiesDefinition/Property/@dataType")) {
+        for (const std::string &type :
+             values(reply, "//PropertiesDefinition/Property/@dataType")) {
             dataTypes.insert(type);
         }
     }
@@ -257,7 +259,8 @@ TEST_F(DemoMarketplace, productInformationGroupsItsFieldsAndGivesAStoresOwnValue
     const SoapResult shirt =
         soap.call("GetProductInformation", {{"ProductID", "ZP-00200"}, {"StoreID", "MT-100"}});
     ASSERT_EQ(shirt.code(), 0) << shirt.text;
-    EXPECT_EQ(values(shirt, "//Product/@Definition"), std::vector<std::string>{"pdVariantProduct"});
+    EXPECT_EQ(values(shirt, "//Product/@Definition"),
+              std::vector<std::string>{"pdVariantProduct"});
     for (const std::string &id : values(shirt, "//Product/Field/@fieldID")) {
         EXPECT_EQ(
             shirt.select(("//PropertiesDefinition/Property[@id='" + id + "']").c_str()).size(), 1u)
@@ -375,7 +378,8 @@ TEST_F(SmallMarketplaceTest, injectedFaultsShapeTheReplyOfTheCallTheyName)
     EXPECT_GE(overlong.text.size(), 80000u);
 
     EXPECT_EQ(
-        soap->call("GetProductInformation", {{"ProductID", "ZP-2"}, {"StoreID", ""}}).httpStatus, 0)
+        soap->call("GetProductInformation", {{"ProductID", "ZP-2"}, {"StoreID", ""}}).httpStatus,
+        0)
         << "the connection should have dropped";
     EXPECT_EQ(soap->call("GetProductInformation", {{"ProductID", "ZP-3"}, {"StoreID", ""}}).code(),
               0);
