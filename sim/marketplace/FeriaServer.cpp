@@ -5,9 +5,12 @@
 #include "marketplace/ServiceContract.h"
 #include "marketplace/SoapMessage.h"
 #include "marketplace/WsdlDocument.h"
+#include "platform/core/RaisedError.h"
 
 #include <charconv>
 #include <chrono>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 #include <thread>
 
@@ -58,10 +61,20 @@ void setCode(httplib::Response &response, std::int32_t code)
 
 } // namespace
 
-FeriaServer::FeriaServer(std::unique_ptr<MarketplaceData> data)
+FeriaServer::FeriaServer(std::unique_ptr<MarketplaceData> data, std::filesystem::path stateFile)
     : m_data(std::move(data)), m_state(*m_data), m_faults(m_data->faults()),
-      m_catalog(*m_data, m_state), m_backOffice(*m_data, m_state, m_faults)
+      m_catalog(*m_data, m_state), m_backOffice(*m_data, m_state, m_faults),
+      m_stateFile(std::move(stateFile))
 {
+    if (!m_stateFile.empty() && std::filesystem::exists(m_stateFile)) {
+        std::ifstream in(m_stateFile, std::ios::binary);
+        const std::string saved((std::istreambuf_iterator<char>(in)),
+                                std::istreambuf_iterator<char>());
+        if (!m_state.restore(saved)) {
+            raiseError(RuntimeErrorNumber::TypeMismatch,
+                       m_stateFile.string() + " no es un estado de la feria");
+        }
+    }
     using Member = void (FeriaServer::*)(const httplib::Request &, httplib::Response &);
     const auto handler = [this](Member member) -> httplib::Server::Handler {
         return [this, member](const httplib::Request &request, httplib::Response &response) {
@@ -127,6 +140,9 @@ void FeriaServer::onSoap(std::string_view port, const httplib::Request &request,
                                              fault->description, true);
         } else {
             document = m_catalog.answer(port, message);
+            if (message.operation().rfind("RequestNew", 0) == 0) {
+                saveState();
+            }
         }
     }
     send(response,
@@ -196,6 +212,9 @@ void FeriaServer::onExecute(const httplib::Request &request, httplib::Response &
                                            fault->description, false)};
         } else {
             reply = m_backOffice.execute(operation, session, request.body);
+            if (operation == 9 || operation == 16) {
+                saveState();
+            }
         }
     }
     setCode(response, reply.code);
@@ -208,7 +227,7 @@ void FeriaServer::onExecute(const httplib::Request &request, httplib::Response &
 void FeriaServer::onState(const httplib::Request &, httplib::Response &response)
 {
     std::lock_guard lock(m_mutex);
-    response.set_content(stateDocument(), kXml);
+    response.set_content(m_state.toXml(), kXml);
 }
 
 void FeriaServer::onImage(const httplib::Request &, httplib::Response &response)
@@ -239,44 +258,15 @@ void FeriaServer::send(httplib::Response &response, std::string body, const char
         });
 }
 
-std::string FeriaServer::stateDocument()
+void FeriaServer::saveState() const
 {
-    ReplyDocument state("MarketplaceState");
-    pugi::xml_node stores = state.root().append_child("Stores");
-    for (const auto &[storeId, publications] : m_state.allPublications()) {
-        pugi::xml_node store = stores.append_child("Store");
-        store.append_attribute("StoreID") = storeId.c_str();
-        store.append_attribute("NumberOfProducts") =
-            static_cast<unsigned long long>(publications.size());
-        for (const auto &[number, publication] : publications) {
-            pugi::xml_node node = store.append_child("Publication");
-            node.append_attribute("PublicationID") = number.c_str();
-            node.append_attribute("ZorvantaID") = publication.zorvantaId.c_str();
-            for (const auto &[id, value] : publication.fields) {
-                pugi::xml_node field = node.append_child("Field");
-                field.append_attribute("fieldID") = id.c_str();
-                field.text() = value.c_str();
-            }
-        }
+    if (m_stateFile.empty()) {
+        return;
     }
-    pugi::xml_node requests = state.root().append_child("Requests");
-    for (const ReceivedRequest &received : m_state.requests()) {
-        pugi::xml_node node = requests.append_child("Request");
-        node.append_attribute("operation") = received.operation.c_str();
-        node.append_attribute("StoreID") = received.storeId.c_str();
-        node.append_attribute("CategoryID") = received.categoryId.c_str();
-        node.text() = received.text.c_str();
-    }
-    pugi::xml_node taxes = state.root().append_child("Taxes");
-    for (const auto &[storeId, storeTaxes] : m_state.taxes()) {
-        pugi::xml_node store = taxes.append_child("Store");
-        store.append_attribute("StoreID") = storeId.c_str();
-        for (const StoreTax &tax : storeTaxes) {
-            pugi::xml_node node = store.append_child("Tax");
-            node.append_attribute("TaxID") = tax.id.c_str();
-            node.append_attribute("AmountType") = tax.amountType.c_str();
-            node.append_attribute("Amount") = tax.amount.c_str();
-        }
-    }
-    return state.text(true);
+    // Written aside and renamed, so that a crash never leaves half a file behind.
+    std::filesystem::path written = m_stateFile;
+    written += ".new";
+    std::ofstream(written, std::ios::binary | std::ios::trunc) << m_state.toXml();
+    std::error_code ignored;
+    std::filesystem::rename(written, m_stateFile, ignored);
 }

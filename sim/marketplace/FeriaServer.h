@@ -6,6 +6,7 @@
 #include "marketplace/MarketplaceData.h"
 #include "marketplace/MarketplaceState.h"
 
+#include <filesystem>
 #include <httplib.h>
 #include <memory>
 #include <mutex>
@@ -19,7 +20,10 @@
 class FeriaServer
 {
 public:
-    explicit FeriaServer(std::unique_ptr<MarketplaceData> data);
+    /// With a state file, the state is read from it when it exists (raising 13 when it is not
+    /// a state document) and written back after every request that changes it, so that what
+    /// the seller published outlives a restart, as on a real marketplace.
+    FeriaServer(std::unique_ptr<MarketplaceData> data, std::filesystem::path stateFile = {});
 
     /// Binds 127.0.0.1 on the port, 0 for a free one. The port bound, or -1.
     int bind(int port);
@@ -41,13 +45,15 @@ private:
     /// Sends the body after the fault's delay; a cut fault drops the connection halfway.
     static void send(httplib::Response &response, std::string body, const char *contentType,
                      const std::optional<Fault> &fault);
-    std::string stateDocument();
+    /// Writes the state file, when there is one; called with the state locked.
+    void saveState() const;
 
     std::unique_ptr<MarketplaceData> m_data;
     MarketplaceState m_state;
     FaultPlan m_faults;
     CatalogService m_catalog;
     BackOfficeService m_backOffice;
+    std::filesystem::path m_stateFile;
     std::mutex m_mutex;
     httplib::Server m_server;
     int m_port = -1;

@@ -63,6 +63,12 @@ public:
     void setTaxes(const std::string &storeId, std::vector<StoreTax> taxes);
     const std::map<std::string, std::vector<StoreTax>> &taxes() const { return m_taxes; }
 
+    /// Publications, requests and taxes as one XML document; sessions are not part of it.
+    std::string toXml() const;
+    /// Takes publications, requests and taxes back from a toXml() document, replacing what
+    /// the data file gave. False, with nothing changed, when the text is not such a document.
+    bool restore(const std::string &xml);
+
 private:
     std::map<std::string, std::map<std::string, Publication>> m_publications;
     std::map<std::int32_t, std::string> m_sessions;

@@ -1,6 +1,7 @@
 // feria-sim: the marketplace of the sandbox on a loopback port.
-//   feria-sim [--port N] [--data DIR]
+//   feria-sim [--port N] [--data DIR] [--state FILE]
 // Prints "listening on http://127.0.0.1:N" once it accepts connections; stops on SIGTERM.
+// With --state, what the stores publish, the requests and the taxes are kept in FILE.
 
 #include "marketplace/FeriaServer.h"
 #include "marketplace/MarketplaceData.h"
@@ -24,10 +25,11 @@ constexpr int kDefaultPort = 8642;
 
 int usage(const char *program)
 {
-    std::cerr << "uso: " << program << " [--port N] [--data DIR]\n"
+    std::cerr << "uso: " << program << " [--port N] [--data DIR] [--state FILE]\n"
               << "  --port N   puerto local (0: uno libre); por omisión " << kDefaultPort << "\n"
               << "  --data DIR carpeta con marketplace.xml; por omisión " << FERIA_SIM_DEFAULT_DATA
-              << "\n";
+              << "\n"
+              << "  --state FILE conserva las publicaciones entre ejecuciones\n";
     return 2;
 }
 
@@ -37,6 +39,7 @@ int main(int argc, char **argv)
 {
     int port = kDefaultPort;
     std::string dataDir = FERIA_SIM_DEFAULT_DATA;
+    std::string stateFile;
     for (int i = 1; i < argc; ++i) {
         const std::string option = argv[i];
         if (option == "--port" && i + 1 < argc) {
@@ -48,6 +51,8 @@ int main(int argc, char **argv)
             port = static_cast<int>(value);
         } else if (option == "--data" && i + 1 < argc) {
             dataDir = argv[++i];
+        } else if (option == "--state" && i + 1 < argc) {
+            stateFile = argv[++i];
         } else {
             return usage(argv[0]);
         }
@@ -61,7 +66,7 @@ int main(int argc, char **argv)
     pthread_sigmask(SIG_BLOCK, &stopSignals, nullptr);
 
     try {
-        FeriaServer server(MarketplaceData::load(dataDir));
+        FeriaServer server(MarketplaceData::load(dataDir), stateFile);
         const int bound = server.bind(port);
         if (bound < 0) {
             std::cerr << "feria-sim: no se puede escuchar en 127.0.0.1:" << port << "\n";

@@ -15,12 +15,13 @@ constexpr int kStartTimeoutMs = 30000;
 constexpr const char *kListening = "listening on ";
 } // namespace
 
-FeriaSimProcess::FeriaSimProcess(const std::filesystem::path &dataDir)
+FeriaSimProcess::FeriaSimProcess(const std::filesystem::path &dataDir) : m_dataDir(dataDir)
 {
-    start(dataDir);
+    start();
 }
 
-std::unique_ptr<FeriaSimProcess> FeriaSimProcess::withData(const std::string &marketplaceXml)
+std::unique_ptr<FeriaSimProcess> FeriaSimProcess::withData(const std::string &marketplaceXml,
+                                                           std::vector<std::string> arguments)
 {
     std::unique_ptr<FeriaSimProcess> process(new FeriaSimProcess());
     std::string pattern = (std::filesystem::temp_directory_path() / "feria-sim-XXXXXX").string();
@@ -28,18 +29,33 @@ std::unique_ptr<FeriaSimProcess> FeriaSimProcess::withData(const std::string &ma
         process->m_error = "mkdtemp failed";
         return process;
     }
-    process->m_ownDataDir = pattern;
-    std::ofstream(process->m_ownDataDir / "marketplace.xml") << marketplaceXml;
-    process->start(process->m_ownDataDir);
+    process->m_dataDir = pattern;
+    process->m_ownsDataDir = true;
+    for (std::string &argument : arguments) {
+        if (const auto at = argument.find("{dir}"); at != std::string::npos) {
+            argument.replace(at, 5, pattern);
+        }
+    }
+    process->m_arguments = std::move(arguments);
+    std::ofstream(process->m_dataDir / "marketplace.xml") << marketplaceXml;
+    process->start();
     return process;
+}
+
+void FeriaSimProcess::restart()
+{
+    stop();
+    m_url.clear();
+    m_error.clear();
+    start();
 }
 
 FeriaSimProcess::~FeriaSimProcess()
 {
     stop();
-    if (!m_ownDataDir.empty()) {
+    if (m_ownsDataDir) {
         std::error_code ignored;
-        std::filesystem::remove_all(m_ownDataDir, ignored);
+        std::filesystem::remove_all(m_dataDir, ignored);
     }
 }
 
@@ -48,7 +64,7 @@ std::filesystem::path FeriaSimProcess::program()
     return FERIA_SIM_PATH;
 }
 
-void FeriaSimProcess::start(const std::filesystem::path &dataDir)
+void FeriaSimProcess::start()
 {
     int pipeEnds[2];
     if (pipe(pipeEnds) != 0) {
@@ -61,11 +77,14 @@ void FeriaSimProcess::start(const std::filesystem::path &dataDir)
     posix_spawn_file_actions_addclose(&actions, pipeEnds[0]);
     posix_spawn_file_actions_addclose(&actions, pipeEnds[1]);
     const std::string path = program().string();
-    const std::string data = dataDir.string();
-    char *argv[] = {const_cast<char *>(path.c_str()), const_cast<char *>("--port"),
-                    const_cast<char *>("0"),          const_cast<char *>("--data"),
-                    const_cast<char *>(data.c_str()), nullptr};
-    const int spawned = posix_spawn(&m_pid, path.c_str(), &actions, nullptr, argv, environ);
+    std::vector<std::string> arguments{path, "--port", "0", "--data", m_dataDir.string()};
+    arguments.insert(arguments.end(), m_arguments.begin(), m_arguments.end());
+    std::vector<char *> argv;
+    for (std::string &argument : arguments) {
+        argv.push_back(argument.data());
+    }
+    argv.push_back(nullptr);
+    const int spawned = posix_spawn(&m_pid, path.c_str(), &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     close(pipeEnds[1]);
     m_output = pipeEnds[0];

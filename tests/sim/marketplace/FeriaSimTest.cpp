@@ -115,3 +115,22 @@ TEST(FeriaSimTest, portAddressesFollowTheHostTheClientAskedFor)
     EXPECT_NE(reply->body.find("http://feria.example:8080/zvtservices/StoreSoapPort"),
               std::string::npos);
 }
+
+TEST(FeriaSimTest, withAStateFileWhatWasReceivedOutlivesARestart)
+{
+    auto sim = FeriaSimProcess::withData(smallMarketplace(), {"--state", "{dir}/estado.xml"});
+    ASSERT_FALSE(sim->url().empty()) << sim->error();
+    EXPECT_EQ(
+        SoapTestClient(sim->url())
+            .call("RequestNewCategory",
+                  {{"StoreID", "MT-100"}, {"CategoryID", "ZC-1"}, {"CategoryName", "Jardín"}})
+            .code(),
+        0);
+    sim->restart();
+    ASSERT_FALSE(sim->url().empty()) << sim->error();
+    pugi::xml_document state;
+    ASSERT_TRUE(state.load_string(SoapTestClient(sim->url()).get("/sim/state").c_str()));
+    EXPECT_STREQ(
+        state.select_node("//Request[@operation='RequestNewCategory']").node().text().get(),
+        "Jardín");
+}
