@@ -11,7 +11,6 @@
 #include <chrono>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <thread>
 
 namespace {

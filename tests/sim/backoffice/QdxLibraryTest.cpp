@@ -46,26 +46,10 @@ struct Qdx
     decltype(&EjecutarOperacionW) execute = nullptr;
 };
 
-struct Reply
+/// A back-office reply: the connector's code and, when it is 0, the document.
+struct Reply : MarketplaceReply
 {
-    int32_t code = 0;
-    std::string text;
-    std::shared_ptr<pugi::xml_document> doc = std::make_shared<pugi::xml_document>();
-    bool wellFormed = false;
-
-    int result() const
-    {
-        return doc->document_element().child("RESULT").child("RETURNCODE").text().as_int();
-    }
-    std::vector<std::string> all(const char *xpath) const
-    {
-        std::vector<std::string> found;
-        for (pugi::xpath_node node : doc->select_nodes(xpath)) {
-            found.emplace_back(node.attribute() ? node.attribute().value()
-                                                : node.node().text().get());
-        }
-        return found;
-    }
+    int32_t connector = 0;
 };
 
 std::string catalogRequest(const std::string &operations, const char *store = "MT-100",
@@ -115,21 +99,18 @@ protected:
     {
         Reply reply;
         std::vector<char> buffer(kReplySize, '\0');
-        reply.code = qdx.execute(operationId, session, request.c_str(), buffer.data(), kReplySize);
-        reply.text = buffer.data();
-        reply.wellFormed = static_cast<bool>(reply.doc->load_string(reply.text.c_str()));
+        reply.connector =
+            qdx.execute(operationId, session, request.c_str(), buffer.data(), kReplySize);
+        reply.read(buffer.data());
         return reply;
     }
     int numberOfProducts(const char *store)
     {
-        const SoapResult info =
-            SoapTestClient(sim->url()).call("GetSellerInformation", {{"SellerID", "V1042"}});
-        return info
-            .select(("//Store[StoreID='" + std::string(store) + "']/NumberOfProducts").c_str())
-            .first()
-            .node()
-            .text()
-            .as_int(-1);
+        const std::string path = "//Store[StoreID='" + std::string(store) + "']/NumberOfProducts";
+        const auto found = SoapTestClient(sim->url())
+                               .call("GetSellerInformation", {{"SellerID", "V1042"}})
+                               .values(path.c_str());
+        return found.empty() ? -1 : std::stoi(found[0]);
     }
 
     Qdx qdx;
@@ -185,12 +166,12 @@ TEST_F(QdxLibraryTest, aClosedSessionCanNeitherRunNorCloseAgain)
 {
     start();
     const int32_t session = openSession();
-    EXPECT_EQ(run(14, session, "").code, 0);
+    EXPECT_EQ(run(14, session, "").connector, 0);
     EXPECT_EQ(qdx.close(session), 0);
     EXPECT_EQ(qdx.close(session), -2004);
     EXPECT_EQ(qdx.close(424242), -2004);
-    EXPECT_EQ(run(14, session, "").code, -2005);
-    EXPECT_EQ(run(14, 777, "").code, -2005);
+    EXPECT_EQ(run(14, session, "").connector, -2005);
+    EXPECT_EQ(run(14, 777, "").connector, -2005);
 }
 
 TEST_F(QdxLibraryTest, aMarketplaceThatCannotBeReachedGivesTheSocketCodes)
@@ -214,19 +195,21 @@ TEST_F(QdxLibraryTest, theDemoBackOfficeBatchesFiveCatalogueOperations)
     ASSERT_FALSE(url.empty()) << "the feriaDemo fixture wrote no address";
     useMarketplace(url);
     const Reply limits = run(14, openSession(), "");
-    ASSERT_EQ(limits.code, 0);
-    EXPECT_EQ(limits.all("//Product[@ProductID='300']/Operation[@OperationID='9']/MaxOperations"),
-              std::vector<std::string>{"5"});
-    EXPECT_EQ(limits.all("//Product[@ProductID='310']/Operation[@OperationID='9']/MaxOperations"),
-              std::vector<std::string>{"10"});
-    EXPECT_EQ(limits.all("//Product/*[not(@OperationID) or not(MaxOperations)]").size(), 0u);
+    ASSERT_EQ(limits.connector, 0);
+    EXPECT_EQ(
+        limits.values("//Product[@ProductID='300']/Operation[@OperationID='9']/MaxOperations"),
+        std::vector<std::string>{"5"});
+    EXPECT_EQ(
+        limits.values("//Product[@ProductID='310']/Operation[@OperationID='9']/MaxOperations"),
+        std::vector<std::string>{"10"});
+    EXPECT_EQ(limits.values("//Product/*[not(@OperationID) or not(MaxOperations)]").size(), 0u);
 }
 
 TEST_F(QdxLibraryTest, theBatchLimitIsTheDataSets)
 {
     start({}, 2);
     EXPECT_EQ(run(14, openSession(), "")
-                  .all("//Product[@ProductID='300']/Operation[@OperationID='9']/MaxOperations"),
+                  .values("//Product[@ProductID='300']/Operation[@OperationID='9']/MaxOperations"),
               std::vector<std::string>{"2"});
 }
 
@@ -237,23 +220,23 @@ TEST_F(QdxLibraryTest, storeInfoGivesThePlanTheLimitAndTheStatusOfEachStore)
     const Reply stores = run(13, session,
                              "<GetStoreInfo><SellerID>V1042</SellerID><ProductLicense>" +
                                  std::string(kLicense) + "</ProductLicense></GetStoreInfo>");
-    ASSERT_EQ(stores.code, 0);
-    EXPECT_EQ(stores.result(), 0);
-    EXPECT_EQ(stores.all("//Store/@StoreID"),
+    ASSERT_EQ(stores.connector, 0);
+    EXPECT_EQ(stores.code(), 0);
+    EXPECT_EQ(stores.values("//Store/@StoreID"),
               (std::vector<std::string>{"MT-100", "MT-200", "MT-300"}));
-    EXPECT_EQ(stores.all("//Store/ProductID"), (std::vector<std::string>{"300", "310", "300"}));
-    EXPECT_EQ(stores.all("//Store/MaxProducts"), (std::vector<std::string>{"3", "10", "10"}));
-    EXPECT_EQ(stores.all("//Store/Status"), (std::vector<std::string>{"A", "A", "I"}));
+    EXPECT_EQ(stores.values("//Store/ProductID"), (std::vector<std::string>{"300", "310", "300"}));
+    EXPECT_EQ(stores.values("//Store/MaxProducts"), (std::vector<std::string>{"3", "10", "10"}));
+    EXPECT_EQ(stores.values("//Store/Status"), (std::vector<std::string>{"A", "A", "I"}));
 
     EXPECT_EQ(run(13, session,
                   "<GetStoreInfo><SellerID>V1042</SellerID><ProductLicense>X</ProductLicense>"
                   "</GetStoreInfo>")
-                  .result(),
+                  .code(),
               -8003);
     EXPECT_EQ(run(13, session,
                   "<GetStoreInfo><SellerID>V2001</SellerID><ProductLicense>" +
                       std::string(kLicense) + "</ProductLicense></GetStoreInfo>")
-                  .result(),
+                  .code(),
               -8002);
 }
 
@@ -281,13 +264,13 @@ TEST_F(QdxLibraryTest, aStoreUserIsCheckedAgainstTheStoresOwnUsers)
             8, session,
             std::string("<ValidateUser><UserName>") + row.user + "</UserName><Password>" +
                 row.password + "</Password><Store StoreID='" + row.store + "'/></ValidateUser>");
-        ASSERT_EQ(reply.code, 0);
+        ASSERT_EQ(reply.connector, 0);
         EXPECT_EQ(std::string(reply.doc->document_element().name()), "ValidateUser");
-        EXPECT_EQ(reply.result(), row.result);
-        EXPECT_FALSE(reply.all("/*/RESULT/DESCRIPTION")[0].empty());
+        EXPECT_EQ(reply.code(), row.result);
+        EXPECT_FALSE(reply.values("/*/RESULT/DESCRIPTION")[0].empty());
     }
-    EXPECT_EQ(run(8, session, "<ValidateUser><UserName>").result(), -8500);
-    EXPECT_EQ(run(8, session, "").code, -2044);
+    EXPECT_EQ(run(8, session, "<ValidateUser><UserName>").code(), -8500);
+    EXPECT_EQ(run(8, session, "").connector, -2044);
 }
 
 TEST_F(QdxLibraryTest, publishingTwiceWithdrawingWhatIsNotThereAndTheStoresCount)
@@ -297,9 +280,9 @@ TEST_F(QdxLibraryTest, publishingTwiceWithdrawingWhatIsNotThereAndTheStoresCount
     ASSERT_EQ(numberOfProducts("MT-100"), 0);
 
     const Reply first = run(9, session, catalogRequest(operation(1, "Publicar", "ZP-1")));
-    ASSERT_EQ(first.code, 0);
+    ASSERT_EQ(first.connector, 0);
     EXPECT_EQ(first.doc->document_element().first_child().name(), std::string("RESULT"));
-    EXPECT_EQ(first.all("//Operations/Operation/RETURNCODE"), std::vector<std::string>{"0"});
+    EXPECT_EQ(first.values("//Operations/Operation/RETURNCODE"), std::vector<std::string>{"0"});
     EXPECT_EQ(numberOfProducts("MT-100"), 1);
 
     const Reply batch =
@@ -307,23 +290,23 @@ TEST_F(QdxLibraryTest, publishingTwiceWithdrawingWhatIsNotThereAndTheStoresCount
             catalogRequest(
                 operation(1, "Publicar", "ZP-1") + operation(1, "Actualizar", "ZP-1", "9990") +
                 operation(99, "Despublicar", "ZP-5") + operation(98, "Actualizar", "ZP-6")));
-    ASSERT_EQ(batch.code, 0);
-    EXPECT_EQ(batch.result(), 0);
-    EXPECT_EQ(batch.all("//Operations/Operation/@PublicationID"),
+    ASSERT_EQ(batch.connector, 0);
+    EXPECT_EQ(batch.code(), 0);
+    EXPECT_EQ(batch.values("//Operations/Operation/@PublicationID"),
               (std::vector<std::string>{"1", "1", "99", "98"}));
-    EXPECT_EQ(batch.all("//Operations/Operation/Operation"),
+    EXPECT_EQ(batch.values("//Operations/Operation/Operation"),
               (std::vector<std::string>{"Publicar", "Actualizar", "Despublicar", "Actualizar"}));
-    EXPECT_EQ(batch.all("//Operations/Operation/ZorvantaID"),
+    EXPECT_EQ(batch.values("//Operations/Operation/ZorvantaID"),
               (std::vector<std::string>{"ZP-1", "ZP-1", "ZP-5", "ZP-6"}));
-    EXPECT_EQ(batch.all("//Operations/Operation/RETURNCODE"),
+    EXPECT_EQ(batch.values("//Operations/Operation/RETURNCODE"),
               (std::vector<std::string>{"-8005", "0", "-8004", "-8004"}));
-    for (const std::string &description : batch.all("//Operations/Operation/DESCRIPTION")) {
+    for (const std::string &description : batch.values("//Operations/Operation/DESCRIPTION")) {
         EXPECT_FALSE(description.empty());
     }
     EXPECT_EQ(numberOfProducts("MT-100"), 1);
 
     EXPECT_EQ(run(9, session, catalogRequest(operation(1, "Despublicar", "ZP-1")))
-                  .all("//Operation/RETURNCODE"),
+                  .values("//Operation/RETURNCODE"),
               std::vector<std::string>{"0"});
     EXPECT_EQ(numberOfProducts("MT-100"), 0);
 }
@@ -339,23 +322,23 @@ TEST_F(QdxLibraryTest, operationsTheMarketplaceRefusesAnswerTheirOwnCode)
                            operation(3, "Vender", "ZP-3") + operation(4, "Publicar", "ZP-7") +
                            operation(5, "Publicar", "ZP-1") + operation(6, "Publicar", "ZP-2") +
                            operation(7, "Publicar", "ZP-3") + operation(8, "Publicar", "ZP-4")));
-    ASSERT_EQ(batch.code, 0);
+    ASSERT_EQ(batch.connector, 0);
     EXPECT_EQ(
-        batch.all("//Operations/Operation/RETURNCODE"),
+        batch.values("//Operations/Operation/RETURNCODE"),
         (std::vector<std::string>{"-8501", "-8503", "-8502", "-9001", "0", "0", "0", "-8006"}));
-    EXPECT_EQ(batch.all("//Operation[@PublicationID='4']/DESCRIPTION"),
+    EXPECT_EQ(batch.values("//Operation[@PublicationID='4']/DESCRIPTION"),
               std::vector<std::string>{"Catálogo bloqueado"});
     EXPECT_EQ(run(9, session, catalogRequest(operation(1, "Publicar", "ZP-1"), "MT-300"))
-                  .all("//Operation/RETURNCODE"),
+                  .values("//Operation/RETURNCODE"),
               std::vector<std::string>{"-8007"});
 
-    EXPECT_EQ(run(9, session, catalogRequest("", "MT-900")).result(), -8001);
-    EXPECT_EQ(run(9, session, catalogRequest("", "MT-100", "NUB-LIC-1999-0001")).result(), -8003);
+    EXPECT_EQ(run(9, session, catalogRequest("", "MT-900")).code(), -8001);
+    EXPECT_EQ(run(9, session, catalogRequest("", "MT-100", "NUB-LIC-1999-0001")).code(), -8003);
     EXPECT_EQ(run(9, session,
                   "<CatalogOperation><SellerID>V1042</SellerID><ProductLicense>" +
                       std::string(kLicense) +
                       "</ProductLicense><StoreID>MT-100</StoreID></CatalogOperation>")
-                  .result(),
+                  .code(),
               -8500);
 }
 
@@ -371,18 +354,18 @@ TEST_F(QdxLibraryTest, taxesAreAnsweredOneByOneAndTheAcceptedOnesKept)
             "<Tax><TaxID>ICE</TaxID><AmountType>1</AmountType><Amount>5</Amount></Tax>"
             "<Tax><TaxID>OTRO</TaxID><AmountType></AmountType><Amount>5</Amount></Tax>"
             "</Taxes></SetTaxes>");
-    ASSERT_EQ(taxes.code, 0);
-    EXPECT_EQ(taxes.result(), 0);
-    EXPECT_EQ(taxes.all("//Taxes/Tax/TaxID"),
+    ASSERT_EQ(taxes.connector, 0);
+    EXPECT_EQ(taxes.code(), 0);
+    EXPECT_EQ(taxes.values("//Taxes/Tax/TaxID"),
               (std::vector<std::string>{"IVA", "ILA", "ICE", "OTRO"}));
-    EXPECT_EQ(taxes.all("//Taxes/Tax/RETURNCODE"),
+    EXPECT_EQ(taxes.values("//Taxes/Tax/RETURNCODE"),
               (std::vector<std::string>{"0", "0", "-8101", "-8504"}));
 
     const Reply none = run(16, session,
                            "<SetTaxes><StoreID>MT-200</StoreID><SellerID>V1042</SellerID>"
                            "<Taxes/></SetTaxes>");
-    ASSERT_EQ(none.all("//Taxes").size(), 1u);
-    EXPECT_EQ(none.all("//Taxes/*").size(), 0u);
+    ASSERT_EQ(none.values("//Taxes").size(), 1u);
+    EXPECT_EQ(none.values("//Taxes/*").size(), 0u);
 
     pugi::xml_document state;
     ASSERT_TRUE(state.load_string(SoapTestClient(sim->url()).get("/sim/state").c_str()));
@@ -395,13 +378,13 @@ TEST_F(QdxLibraryTest, aLostSessionAnswers2005UntilClosedAndReopened)
     const int32_t session = openSession();
     const std::string request = catalogRequest(operation(1, "Publicar", "ZP-1"));
     // What the assistant does on a connector code: close, open again, retry once.
-    EXPECT_EQ(run(9, session, request).code, -2005);
+    EXPECT_EQ(run(9, session, request).connector, -2005);
     EXPECT_EQ(qdx.close(session), 0);
     const int32_t reopened = openSession();
     EXPECT_NE(reopened, session);
     const Reply retried = run(9, reopened, request);
-    EXPECT_EQ(retried.code, 0);
-    EXPECT_EQ(retried.all("//Operation/RETURNCODE"), std::vector<std::string>{"0"});
+    EXPECT_EQ(retried.connector, 0);
+    EXPECT_EQ(retried.values("//Operation/RETURNCODE"), std::vector<std::string>{"0"});
 }
 
 TEST_F(QdxLibraryTest, aReplyLongerThanTheBufferIsCutAtItsSize)
@@ -419,7 +402,7 @@ TEST_F(QdxLibraryTest, aReplyLongerThanTheBufferIsCutAtItsSize)
     EXPECT_EQ(qdx.execute(14, session, "", buffer, 0), -2042);
 
     const Reply overlong = run(13, session, "<GetStoreInfo/>");
-    EXPECT_EQ(overlong.code, 0);
+    EXPECT_EQ(overlong.connector, 0);
     EXPECT_EQ(overlong.text.size(), static_cast<size_t>(kReplySize - 1));
     EXPECT_FALSE(overlong.wellFormed) << "a cut reply does not parse";
 }
@@ -434,14 +417,14 @@ TEST_F(QdxLibraryTest, transportFaultsGiveTheConnectorsCodes)
     const int32_t session = openSession();
     const std::string request = "<GetStoreInfo><SellerID>V1042</SellerID><ProductLicense>" +
                                 std::string(kLicense) + "</ProductLicense></GetStoreInfo>";
-    EXPECT_EQ(run(13, session, request).code, -2045) << "connection dropped halfway";
-    EXPECT_EQ(run(13, session, request).code, -2043) << "reply for another operation";
-    EXPECT_EQ(run(13, session, request).code, -2039);
+    EXPECT_EQ(run(13, session, request).connector, -2045) << "connection dropped halfway";
+    EXPECT_EQ(run(13, session, request).connector, -2043) << "reply for another operation";
+    EXPECT_EQ(run(13, session, request).connector, -2039);
     const Reply suspended = run(13, session, request);
-    EXPECT_EQ(suspended.code, 0);
-    EXPECT_EQ(suspended.result(), -9001);
-    EXPECT_EQ(run(13, session, request).result(), 0);
-    EXPECT_EQ(run(99, session, request).code, -2042);
+    EXPECT_EQ(suspended.connector, 0);
+    EXPECT_EQ(suspended.code(), -9001);
+    EXPECT_EQ(run(13, session, request).code(), 0);
+    EXPECT_EQ(run(99, session, request).connector, -2042);
 
     int32_t second = 0;
     EXPECT_EQ(qdx.open(kLicense, kKey2, kClient, &second), -2035);

@@ -7,21 +7,12 @@
 
 namespace {
 
-std::vector<std::string> values(const SoapResult &result, const char *xpath)
-{
-    std::vector<std::string> found;
-    for (pugi::xpath_node node : result.select(xpath)) {
-        found.emplace_back(node.attribute() ? node.attribute().value() : node.node().text().get());
-    }
-    return found;
-}
-
 class DemoMarketplace : public ::testing::Test
 {
 protected:
     void SetUp() override { ASSERT_FALSE(sim.url().empty()) << sim.error(); }
 
-    SoapResult page(const std::string &category, int number, int size = 50)
+    MarketplaceReply page(const std::string &category, int number, int size = 50)
     {
         return soap.call("GetCategoryContent", {{"CategoryID", category},
                                                 {"PageNumber", std::to_string(number)},
@@ -50,15 +41,14 @@ protected:
 
 TEST_F(DemoMarketplace, sellerInformationListsTheThreeMinistoresWithWhatEachPublishes)
 {
-    const SoapResult reply = soap.call("GetSellerInformation", {{"SellerID", "V1042"}});
+    const MarketplaceReply reply = soap.call("GetSellerInformation", {{"SellerID", "V1042"}});
     ASSERT_TRUE(reply.wellFormed) << reply.text;
     EXPECT_EQ(reply.root().name(), std::string("GetSellerInformation"));
     EXPECT_EQ(reply.code(), 0);
-    EXPECT_EQ(values(reply, "//Store/StoreID"),
+    EXPECT_EQ(reply.values("//Store/StoreID"),
               (std::vector<std::string>{"MT-100", "MT-200", "MT-300"}));
-    EXPECT_EQ(values(reply, "//Store/NumberOfProducts"),
-              (std::vector<std::string>{"3", "1", "0"}));
-    EXPECT_GT(values(reply, "//Store[StoreID='MT-200']/Name")[0].size(), 40u);
+    EXPECT_EQ(reply.values("//Store/NumberOfProducts"), (std::vector<std::string>{"3", "1", "0"}));
+    EXPECT_GT(reply.values("//Store[StoreID='MT-200']/Name")[0].size(), 40u);
     pugi::xml_node emptyDescription =
         reply.select("//Store[StoreID='MT-300']/Description").first().node();
     ASSERT_TRUE(emptyDescription);
@@ -69,11 +59,11 @@ TEST_F(DemoMarketplace, sellerInformationListsTheThreeMinistoresWithWhatEachPubl
 
 TEST_F(DemoMarketplace, rootCategoryHasTheEmptyIdAndTheTopCategoriesWithTheirDescriptions)
 {
-    const SoapResult reply = page("", 1);
+    const MarketplaceReply reply = page("", 1);
     ASSERT_EQ(reply.code(), 0) << reply.text;
-    EXPECT_EQ(values(reply, "//CurrentCategory/@id"), std::vector<std::string>{""});
+    EXPECT_EQ(reply.values("//CurrentCategory/@id"), std::vector<std::string>{""});
     EXPECT_EQ(
-        values(reply, "//Categories/Category/@id"),
+        reply.values("//Categories/Category/@id"),
         (std::vector<std::string>{"ZC-100", "ZC-200", "ZC-300", "ZC-400", "ZC-500", "ZC-600"}));
     EXPECT_EQ(reply.select("//Category[not(@name) or not(Field[@fieldID='Description'])]").size(),
               0u);
@@ -99,10 +89,10 @@ TEST_F(DemoMarketplace, pagesOfACategoryRunToTheEndAsTheReaderWalksThem)
         std::vector<size_t> sizes;
         std::set<std::string> seen;
         for (int number = 1;; ++number) {
-            const SoapResult reply = page(walk.category, number);
+            const MarketplaceReply reply = page(walk.category, number);
             ASSERT_EQ(reply.code(), 0) << reply.text;
-            EXPECT_EQ(values(reply, "//CurrentCategory/@id")[0], walk.category);
-            const auto ids = values(reply, "//Products/Product/@id");
+            EXPECT_EQ(reply.values("//CurrentCategory/@id")[0], walk.category);
+            const auto ids = reply.values("//Products/Product/@id");
             sizes.push_back(ids.size());
             seen.insert(ids.begin(), ids.end());
             EXPECT_EQ(reply
@@ -128,7 +118,7 @@ TEST_F(DemoMarketplace, requestsThatCannotBeServedAnswerACodeAndTheReason)
     struct Case
     {
         const char *what;
-        SoapResult reply;
+        MarketplaceReply reply;
         int code;
     };
     const std::vector<Case> table{
@@ -210,9 +200,9 @@ TEST_F(DemoMarketplace, envelopesOfEveryStyleAreUnderstood)
     };
     for (const Case &row : table) {
         SCOPED_TRACE(row.style);
-        const SoapResult reply = soap.post("CatalogInfoSoapPort", row.body, row.action);
+        const MarketplaceReply reply = soap.post("CatalogInfoSoapPort", row.body, row.action);
         ASSERT_EQ(reply.code(), 0) << reply.text;
-        EXPECT_EQ(values(reply, "//CurrentCategory/@id")[0], "ZC-510");
+        EXPECT_EQ(reply.values("//CurrentCategory/@id")[0], "ZC-510");
         EXPECT_EQ(reply.select("//Products/Product").size(), 7u);
     }
 }
@@ -222,11 +212,12 @@ TEST_F(DemoMarketplace, definitionsNameOnlyKnownPropertiesAndCoverEveryDataTypeA
     std::set<std::string> dataTypes;
     for (const char *category : {"ZC-100", "ZC-200", "ZC-300", "ZC-400", "ZC-500"}) {
         SCOPED_TRACE(category);
-        const SoapResult reply = soap.call("GetProductDefinition", {{"CategoryID", category}});
+        const MarketplaceReply reply =
+            soap.call("GetProductDefinition", {{"CategoryID", category}});
         ASSERT_EQ(reply.code(), 0) << reply.text;
         ASSERT_EQ(reply.select("//PropertiesDefinition").size(), 1u);
         ASSERT_GT(reply.select("//Definition[@name]").size(), 0u);
-        for (const std::string &id : values(reply, "//Definition//Property/@id")) {
+        for (const std::string &id : reply.values("//Definition//Property/@id")) {
             EXPECT_EQ(
                 reply.select(("//PropertiesDefinition/Property[@id='" + id + "']").c_str()).size(),
                 1u)
@@ -243,8 +234,7 @@ TEST_F(DemoMarketplace, definitionsNameOnlyKnownPropertiesAndCoverEveryDataTypeA
                               "@displayName)]")
                       .size(),
                   0u);
-        for (const std::string &type :
-             values(reply, "//PropertiesDefinition/Property/@dataType")) {
+        for (const std::string &type : reply.values("//PropertiesDefinition/Property/@dataType")) {
             dataTypes.insert(type);
         }
     }
@@ -256,27 +246,25 @@ TEST_F(DemoMarketplace, definitionsNameOnlyKnownPropertiesAndCoverEveryDataTypeA
 TEST_F(DemoMarketplace, productInformationGroupsItsFieldsAndGivesAStoresOwnValues)
 {
     // A T-shirt: characteristic fields, the price block, and Color and Talla as variants.
-    const SoapResult shirt =
+    const MarketplaceReply shirt =
         soap.call("GetProductInformation", {{"ProductID", "ZP-00200"}, {"StoreID", "MT-100"}});
     ASSERT_EQ(shirt.code(), 0) << shirt.text;
-    EXPECT_EQ(values(shirt, "//Product/@Definition"),
-              std::vector<std::string>{"pdVariantProduct"});
-    for (const std::string &id : values(shirt, "//Product/Field/@fieldID")) {
+    EXPECT_EQ(shirt.values("//Product/@Definition"), std::vector<std::string>{"pdVariantProduct"});
+    for (const std::string &id : shirt.values("//Product/Field/@fieldID")) {
         EXPECT_EQ(
             shirt.select(("//PropertiesDefinition/Property[@id='" + id + "']").c_str()).size(), 1u)
             << id;
     }
-    EXPECT_EQ(values(shirt, "//Product/VariantProperties/Field/@fieldID"),
+    EXPECT_EQ(shirt.values("//Product/VariantProperties/Field/@fieldID"),
               (std::vector<std::string>{"VariantID", "Color", "Talla", "Existencia"}));
-    EXPECT_EQ(values(shirt, "//Property[@id='Color']/@type"), std::vector<std::string>{});
-    EXPECT_EQ(values(shirt, "//Property[@id='Existencia']/@type"), std::vector<std::string>{"NC"});
-    EXPECT_EQ(values(shirt, "//Product/Field[@fieldID='ERPID']").size(), 1u);
+    EXPECT_EQ(shirt.values("//Property[@id='Color']/@type"), std::vector<std::string>{});
+    EXPECT_EQ(shirt.values("//Property[@id='Existencia']/@type"), std::vector<std::string>{"NC"});
+    EXPECT_EQ(shirt.values("//Product/Field[@fieldID='ERPID']").size(), 1u);
 
     // An appliance MT-100 publishes: its price there, none in another store.
     const auto price = [this](const char *store) {
-        return values(
-            soap.call("GetProductInformation", {{"ProductID", "ZP-00150"}, {"StoreID", store}}),
-            "//Product/Field[@fieldID='Cy_List_Price']")[0];
+        return soap.call("GetProductInformation", {{"ProductID", "ZP-00150"}, {"StoreID", store}})
+            .values("//Product/Field[@fieldID='Cy_List_Price']")[0];
     };
     EXPECT_EQ(price("MT-100"), "34990.00");
     EXPECT_EQ(price("MT-300"), "");
@@ -294,7 +282,7 @@ TEST_F(DemoMarketplace, requestsForNewCategoriesAndProductsAreRecordedAsReceived
     struct Case
     {
         const char *what;
-        SoapResult reply;
+        MarketplaceReply reply;
         int code;
     };
     const std::vector<Case> table{
@@ -363,17 +351,18 @@ TEST_F(SmallMarketplaceTest, injectedFaultsShapeTheReplyOfTheCallTheyName)
                           {{"CategoryID", category}, {"PageNumber", "1"}, {"PageSize", "50"}});
     };
     EXPECT_EQ(content("ZC-1").code(), 0) << "only the second call is faulty";
-    const SoapResult second = content("ZC-1");
+    const MarketplaceReply second = content("ZC-1");
     EXPECT_EQ(second.code(), -8010);
     EXPECT_EQ(second.description(), "Categoría en mantenimiento");
     EXPECT_EQ(content("ZC-1").code(), 0);
 
-    const SoapResult malformed = soap->call("GetProductDefinition", {{"CategoryID", "ZC-1"}});
+    const MarketplaceReply malformed =
+        soap->call("GetProductDefinition", {{"CategoryID", "ZC-1"}});
     EXPECT_EQ(malformed.httpStatus, 200);
     EXPECT_FALSE(malformed.wellFormed);
     EXPECT_FALSE(malformed.text.empty());
 
-    const SoapResult overlong = soap->call("GetSellerInformation", {{"SellerID", "V1042"}});
+    const MarketplaceReply overlong = soap->call("GetSellerInformation", {{"SellerID", "V1042"}});
     EXPECT_TRUE(overlong.wellFormed);
     EXPECT_GE(overlong.text.size(), 80000u);
 

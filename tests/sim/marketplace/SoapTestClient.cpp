@@ -28,12 +28,28 @@ std::string escaped(const std::string &text)
 
 } // namespace
 
-int SoapResult::code() const
+int MarketplaceReply::code() const
 {
     return root().child("RESULT").child("RETURNCODE").text().as_int();
 }
 
-std::string SoapResult::description() const
+void MarketplaceReply::read(std::string document)
+{
+    text = std::move(document);
+    wellFormed = static_cast<bool>(
+        doc->load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8));
+}
+
+std::vector<std::string> MarketplaceReply::values(const char *xpath) const
+{
+    std::vector<std::string> found;
+    for (pugi::xpath_node node : select(xpath)) {
+        found.emplace_back(node.attribute() ? node.attribute().value() : node.node().text().get());
+    }
+    return found;
+}
+
+std::string MarketplaceReply::description() const
 {
     return root().child("RESULT").child("DESCRIPTION").text().get();
 }
@@ -60,16 +76,17 @@ std::string SoapTestClient::envelope(const std::string &operation, const Argumen
     return out.str();
 }
 
-SoapResult SoapTestClient::call(const std::string &operation, const Arguments &arguments) const
+MarketplaceReply SoapTestClient::call(const std::string &operation,
+                                      const Arguments &arguments) const
 {
     return post(portOf(operation), envelope(operation, arguments),
                 "\"urn:nubalia:zvtsorvek#" + operation + "\"");
 }
 
-SoapResult SoapTestClient::post(const std::string &port, const std::string &body,
-                                const std::string &soapAction) const
+MarketplaceReply SoapTestClient::post(const std::string &port, const std::string &body,
+                                      const std::string &soapAction) const
 {
-    SoapResult result;
+    MarketplaceReply result;
     httplib::Client client(m_baseUrl);
     httplib::Headers headers;
     if (!soapAction.empty()) {
@@ -83,11 +100,8 @@ SoapResult SoapTestClient::post(const std::string &port, const std::string &body
     result.httpStatus = reply->status;
     result.envelope = reply->body;
     pugi::xml_document envelope;
-    if (envelope.load_string(result.envelope.c_str())) {
-        result.text = envelope.select_node("//Result").node().text().get();
-    }
-    result.wellFormed = static_cast<bool>(result.doc->load_buffer(
-        result.text.data(), result.text.size(), pugi::parse_default, pugi::encoding_utf8));
+    envelope.load_string(result.envelope.c_str());
+    result.read(envelope.select_node("//Result").node().text().get());
     return result;
 }
 
