@@ -1,10 +1,11 @@
 #include "sim/erp/SellerDatabase.h"
 
 #include "platform/core/RaisedError.h"
+#include "platform/db/EmbeddedDatabase.h"
+#include "platform/db/ServerCollation.h"
 #include "sim/erp/ErpReturnCode.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <sqlite3.h>
 
@@ -78,18 +79,14 @@ private:
 
 std::string SellerDatabase::pathFor(const std::string &databaseName)
 {
-    const char *dataDir = std::getenv("ASISTENTE_DATA_DIR");
-    const std::filesystem::path dir =
-        dataDir != nullptr && *dataDir != '\0' ? std::filesystem::path(dataDir)
-                                               : std::filesystem::current_path();
-    return (dir / (databaseName + ".sqlite3")).string();
+    return embeddedDatabasePath(databaseName).string();
 }
 
 std::unique_ptr<SellerDatabase> SellerDatabase::open(const std::string &databaseName)
 {
     const std::string path = pathFor(databaseName);
     std::error_code error;
-    if (!std::filesystem::exists(path, error)) {
+    if (path.empty() || !std::filesystem::exists(path, error)) {
         return nullptr;
     }
     sqlite3 *db = nullptr;
@@ -97,6 +94,10 @@ std::unique_ptr<SellerDatabase> SellerDatabase::open(const std::string &database
     std::unique_ptr<SellerDatabase> database(new SellerDatabase(db));
     if (opened != SQLITE_OK) {
         failed(db, "abrir " + path);
+    }
+    // The text columns are declared in the server's collation: without it no query runs.
+    if (registerServerCollation(db) != SQLITE_OK) {
+        failed(db, "registrar la intercalación de " + path);
     }
     // The program may be writing at the same moment; wait for it as a reader would.
     sqlite3_busy_timeout(db, 5000);

@@ -31,11 +31,12 @@ public:
         std::string errorMessage;
     };
 
-    /// The embedded file of a database name: <ASISTENTE_DATA_DIR or the working directory>/
-    /// <name>.sqlite3.
+    /// The embedded file of a database name, as the program's database layer places it; empty
+    /// for a name that cannot be a file.
     static std::string pathFor(const std::string &databaseName);
 
-    /// Opens the file of the database name. nullptr when the file does not exist; raises
+    /// Opens the file of the database name, with the server's text collation. nullptr when the
+    /// file does not exist; raises
     /// SellerDatabaseFailed with SQLite's message when it cannot be opened.
     static std::unique_ptr<SellerDatabase> open(const std::string &databaseName);
 

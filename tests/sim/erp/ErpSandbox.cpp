@@ -1,5 +1,8 @@
 #include "ErpSandbox.h"
 
+#include "platform/db/EmbeddedDatabase.h"
+#include "platform/db/ServerCollation.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -51,21 +54,9 @@ void ErpSandbox::writeRawData(const std::string &text)
     std::ofstream(dataFile(), std::ios::trunc) << text;
 }
 
-void ErpSandbox::createSellerTables(const std::string &textCollation)
+void ErpSandbox::createSellerTables()
 {
-    const std::string text = textCollation.empty() ? "TEXT" : "TEXT COLLATE " + textCollation;
-    execute("CREATE TABLE WITIENDAS (IdTienda " + text + ", Descrip " + text +
-            ", IDDepoVDOVEL " + text + ");"
-            "CREATE TABLE WIPRODASOC (IdPrdAsociado INTEGER PRIMARY KEY AUTOINCREMENT, "
-            "IdPrdDovel " + text + ", IdPrdZorvanta " + text + ", Atributos " + text +
-            ", FechaAsociado TEXT);"
-            "CREATE TABLE WIPRODPUBL (IdPrdPublicado INTEGER PRIMARY KEY AUTOINCREMENT, "
-            "IdPrdAsociado INTEGER, IdTienda " + text + ", Estado " + text + ", Atributos " +
-            text + ", FechaPublicado TEXT);"
-            "CREATE TABLE WIPRODPEND (IdPrdPublicado INTEGER, IdPrdAsociado INTEGER, IdTienda " +
-            text + ", Estado " + text + ", Atributos " + text +
-            ", FechaPublicado TEXT, NumInt INTEGER DEFAULT 0, MsgErr " + text +
-            ", Error INTEGER);");
+    createEmbeddedDatabase(embeddedDatabasePath("AsistenteDemo"));
 }
 
 void ErpSandbox::execute(const std::string &sql)
@@ -73,6 +64,7 @@ void ErpSandbox::execute(const std::string &sql)
     sqlite3 *db = nullptr;
     const std::string path = m_directory + "/AsistenteDemo.sqlite3";
     ASSERT_EQ(sqlite3_open(path.c_str(), &db), SQLITE_OK);
+    ASSERT_EQ(registerServerCollation(db), SQLITE_OK);
     char *message = nullptr;
     const int result = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message);
     const std::string why = message == nullptr ? "" : message;

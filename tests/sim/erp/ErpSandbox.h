@@ -19,8 +19,8 @@ public:
     /// Writes a data file as it stands.
     void writeRawData(const std::string &text);
 
-    /// Creates the seller's database, AsistenteDemo.sqlite3, with the four tables.
-    void createSellerTables(const std::string &textCollation = {});
+    /// Creates the seller's database, AsistenteDemo.sqlite3, as the program's tool does.
+    void createSellerTables();
     /// Runs statements on the seller's database; a failure fails the test.
     void execute(const std::string &sql);
 

@@ -107,6 +107,7 @@ TEST_F(ErpSellerListsTest, publishedProductsAreNarrowedToTheChosenMinistore)
     };
     for (const Row &row : {Row{"store MT-100", "MT-100", {"10"}},
                            Row{"store MT-200", "MT-200", {"11"}},
+                           Row{"a store id as the server compares it", "mt-100 ", {"10"}},
                            Row{"no store given", "", {"10", "11"}},
                            Row{"a store with nothing", "MT-300", {}}}) {
         auto query = ErpLibrary::searchQuery(2, 2, "");
