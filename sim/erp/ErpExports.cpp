@@ -18,8 +18,7 @@ std::string textOf(const char *text)
 }
 
 // Failures are told on standard error too: the code alone does not say which row or file.
-template <typename Work>
-int32_t guarded(const char *function, Work work)
+template <typename Work> int32_t guarded(const char *function, Work work)
 {
     try {
         return work();
@@ -49,8 +48,8 @@ void requireBuffers(std::initializer_list<const void *> buffers)
     }
 }
 
-int32_t deliver(const ErpAnswer &answer, char *position, std::size_t positionSize,
-                int32_t *count, char *reply)
+int32_t deliver(const ErpAnswer &answer, char *position, std::size_t positionSize, int32_t *count,
+                char *reply)
 {
     if (answer.position) {
         copyToCallerBuffer(*answer.position, position, positionSize);
@@ -125,8 +124,7 @@ int32_t BusquedaProductosIndividual(int32_t productType, int32_t queryType, char
         requireBuffers({lastId, reply});
         reply[0] = '\0';
         return deliver(service().productSearch(productType, queryType, textOf(searchText),
-                                               querySize, lastId, direction,
-                                               textOf(ministoreId)),
+                                               querySize, lastId, direction, textOf(ministoreId)),
                        lastId, CallerBufferSize::SearchLastId, count, reply);
     });
 }

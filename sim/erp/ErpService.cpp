@@ -30,8 +30,9 @@ void requirePaging(std::int32_t productType, std::int32_t querySize, std::int32_
 // Row numbers sort as numbers when they have the same width.
 std::string numericKey(const std::string &id)
 {
-    const bool digits = !id.empty() && id.size() < 12 &&
-                        std::all_of(id.begin(), id.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool digits =
+        !id.empty() && id.size() < 12 &&
+        std::all_of(id.begin(), id.end(), [](char c) { return c >= '0' && c <= '9'; });
     return digits ? std::string(12 - id.size(), '0') + id : id;
 }
 
@@ -179,7 +180,8 @@ ErpAnswer ErpService::categoryContents(std::int32_t productType, const std::stri
         writer.empty("CategoriaActual", {{"nombre", category->name}, {"id", category->id}});
         writer.open("Categorias");
         for (const std::string &childId : category->childIds) {
-            writer.empty("Categoria", {{"nombre", m_data->category(childId)->name}, {"id", childId}});
+            writer.empty("Categoria",
+                         {{"nombre", m_data->category(childId)->name}, {"id", childId}});
         }
         writer.close();
         writeProductList(writer, productType, page.begin(), page.end(), found);
@@ -255,8 +257,8 @@ ErpAnswer ErpService::productDefinition(std::int32_t productType, const std::str
             if (!record) {
                 raiseError(ErpReturnCode::SellerRecordNotFound,
                            "No existe el registro " + key + " del tipo " +
-                               std::to_string(productType) + " en la minitienda '" +
-                               ministoreId + "'");
+                               std::to_string(productType) + " en la minitienda '" + ministoreId +
+                               "'");
             }
             productId = record->erpProductId;
         }
@@ -349,7 +351,7 @@ std::vector<ErpService::Line> ErpService::lines(std::int32_t productType,
         return result;
     }
     // Associated products are never narrowed to a ministore; the other two lists are.
-    const auto records = productType == Associated ? database->associations()
+    const auto records = productType == Associated  ? database->associations()
                          : productType == Published ? database->publications(ministoreId)
                                                     : database->pendingOperations(ministoreId);
     for (const SellerDatabase::Record &record : records) {
@@ -357,11 +359,11 @@ std::vector<ErpService::Line> ErpService::lines(std::int32_t productType,
         if (product == nullptr || !wanted(*product)) {
             continue;
         }
-        std::string key = productType == Associated ? numericKey(record.associationId)
-                          : productType == Published
-                              ? numericKey(record.publicationId)
-                              : record.date + "/" + numericKey(record.publicationId) + "/" +
-                                    record.state;
+        std::string key =
+            productType == Associated ? numericKey(record.associationId)
+            : productType == Published
+                ? numericKey(record.publicationId)
+                : record.date + "/" + numericKey(record.publicationId) + "/" + record.state;
         result.push_back({std::move(key), product, record});
     }
     std::sort(result.begin(), result.end(),

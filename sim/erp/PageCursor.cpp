@@ -12,9 +12,8 @@ PageCursor::PageCursor(const std::vector<std::string> &keys, std::string_view po
     const std::string last(separator == std::string_view::npos ? position
                                                                : position.substr(separator + 1));
     if (forward) {
-        m_begin = position.empty()
-                      ? 0
-                      : std::upper_bound(keys.begin(), keys.end(), last) - keys.begin();
+        m_begin =
+            position.empty() ? 0 : std::upper_bound(keys.begin(), keys.end(), last) - keys.begin();
         m_end = m_begin + std::min(size, m_count - m_begin);
     } else {
         m_end = position.empty()

@@ -5,12 +5,15 @@ namespace {
 void appendEscaped(std::string &out, std::string_view text)
 {
     for (const char c : text) {
-        switch (c) {
-        case '&': out += "&amp;"; break;
-        case '<': out += "&lt;"; break;
-        case '>': out += "&gt;"; break;
-        case '\'': out += "&apos;"; break;
-        default: out += c;
+        const char *entity = c == '&'    ? "&amp;"
+                             : c == '<'  ? "&lt;"
+                             : c == '>'  ? "&gt;"
+                             : c == '\'' ? "&apos;"
+                                         : nullptr;
+        if (entity != nullptr) {
+            out += entity;
+        } else {
+            out += c;
         }
     }
 }

@@ -8,9 +8,22 @@ namespace {
 
 // The two-byte UTF-8 letters of Spanish, with what they fold to.
 constexpr std::array<std::pair<std::string_view, char>, 16> kAccented{{
-    {"á", 'a'}, {"é", 'e'}, {"í", 'i'}, {"ó", 'o'}, {"ú", 'u'}, {"ü", 'u'}, {"ñ", 'n'},
-    {"Á", 'a'}, {"É", 'e'}, {"Í", 'i'}, {"Ó", 'o'}, {"Ú", 'u'}, {"Ü", 'u'}, {"Ñ", 'n'},
-    {"ç", 'c'}, {"Ç", 'c'},
+    {"á", 'a'},
+    {"é", 'e'},
+    {"í", 'i'},
+    {"ó", 'o'},
+    {"ú", 'u'},
+    {"ü", 'u'},
+    {"ñ", 'n'},
+    {"Á", 'a'},
+    {"É", 'e'},
+    {"Í", 'i'},
+    {"Ó", 'o'},
+    {"Ú", 'u'},
+    {"Ü", 'u'},
+    {"Ñ", 'n'},
+    {"ç", 'c'},
+    {"Ç", 'c'},
 }};
 
 std::string_view trimmed(std::string_view text)

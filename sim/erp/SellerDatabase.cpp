@@ -23,8 +23,8 @@ std::string publicationQuery(const char *table, const char *errorColumns)
            " FROM " + table + " p JOIN WIPRODASOC a ON a.IdPrdAsociado = p.IdPrdAsociado";
 }
 
-const std::string kAssociations =
-    std::string("SELECT '', '', '', '', '', NULL, '', ") + kAssociationColumns + " FROM WIPRODASOC a";
+const std::string kAssociations = std::string("SELECT '', '', '', '', '', NULL, '', ") +
+                                  kAssociationColumns + " FROM WIPRODASOC a";
 const std::string kPublications = publicationQuery("WIPRODPUBL", "NULL, '', ");
 const std::string kPendingOperations = publicationQuery("WIPRODPEND", "p.Error, p.MsgErr, ");
 
@@ -137,8 +137,7 @@ std::vector<SellerDatabase::Record> SellerDatabase::pendingOperations(const std:
     return records(kPendingOperations + " WHERE p.IdTienda = ?1", {storeId});
 }
 
-std::optional<SellerDatabase::Record>
-SellerDatabase::association(const std::string &associationId)
+std::optional<SellerDatabase::Record> SellerDatabase::association(const std::string &associationId)
 {
     auto found = records(kAssociations + " WHERE a.IdPrdAsociado = ?1", {associationId});
     return found.empty() ? std::nullopt : std::optional(std::move(found.front()));

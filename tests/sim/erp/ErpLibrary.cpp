@@ -10,15 +10,12 @@ namespace {
 
 constexpr std::size_t kGuard = 64;
 constexpr char kGuardByte = '#';
-constexpr std::size_t kReplySize = 65535;
 
 } // namespace
 
-ErpLibrary::Buffer::Buffer(std::size_t size, const std::string &initial)
-    : m_size(size), m_bytes(size + kGuard, '\0')
+ErpLibrary::Buffer::Buffer(std::size_t size) : m_size(size), m_bytes(size + kGuard, kGuardByte)
 {
-    std::copy(initial.begin(), initial.end(), m_bytes.begin());
-    std::fill(m_bytes.begin() + static_cast<std::ptrdiff_t>(size), m_bytes.end(), kGuardByte);
+    std::fill_n(m_bytes.begin(), size, '\0');
 }
 
 bool ErpLibrary::Buffer::guardIntact() const
@@ -27,13 +24,28 @@ bool ErpLibrary::Buffer::guardIntact() const
                        [](char c) { return c == kGuardByte; });
 }
 
-std::vector<std::string> ErpLibrary::Reply::productIds() const
+std::vector<std::string> ErpLibrary::Reply::texts(const std::string &xpath) const
 {
-    std::vector<std::string> ids;
-    for (const pugi::xpath_node &node : document.select_nodes("//Producto/CodigoDovel")) {
-        ids.emplace_back(node.node().text().get());
+    std::vector<std::string> result;
+    pugi::xpath_node_set nodes = document.select_nodes(xpath.c_str());
+    nodes.sort();
+    for (const pugi::xpath_node &node : nodes) {
+        result.emplace_back(node.attribute() ? node.attribute().value()
+                                             : node.node().text().get());
     }
-    return ids;
+    return result;
+}
+
+ErpLibrary::Query ErpLibrary::categoryQuery(std::int32_t productType,
+                                            const std::string &categoryId)
+{
+    return Query{productType, categoryId, 1, "", 50, "", Buffer(100)};
+}
+
+ErpLibrary::Query ErpLibrary::searchQuery(std::int32_t productType, std::int32_t queryType,
+                                          const std::string &text)
+{
+    return Query{productType, "", queryType, text, 50, "", Buffer(1000)};
 }
 
 ErpLibrary::ErpLibrary() : m_handle(dlopen(ZRVNDLL_PATH, RTLD_NOW | RTLD_LOCAL))
@@ -48,8 +60,7 @@ ErpLibrary::~ErpLibrary()
     dlclose(m_handle);
 }
 
-template <typename Function>
-Function ErpLibrary::symbol(const char *name)
+template <typename Function> Function ErpLibrary::symbol(const char *name) const
 {
     void *found = dlsym(m_handle, name);
     if (found == nullptr) {
@@ -58,99 +69,80 @@ Function ErpLibrary::symbol(const char *name)
     return reinterpret_cast<Function>(found);
 }
 
+template <typename Call> ErpLibrary::Reply ErpLibrary::replyOf(Call call, Buffer *position)
+{
+    Reply reply;
+    Buffer buffer(65535);
+    reply.code = call(buffer.data(), &reply.count);
+    reply.text = buffer.text();
+    reply.guardIntact = buffer.guardIntact() && (position == nullptr || position->guardIntact());
+    reply.parsed = static_cast<bool>(reply.document.load_string(reply.text.c_str()));
+    return reply;
+}
+
 std::int32_t ErpLibrary::clientIdentity(std::int32_t &number, Buffer &license, Buffer &key2,
                                         Buffer &id)
 {
     return symbol<decltype(&ObtenerIDCliente)>("ObtenerIDCliente")(&number, license.data(),
-                                                                    key2.data(), id.data());
+                                                                   key2.data(), id.data());
 }
 
 std::int32_t ErpLibrary::databaseCoordinates(Buffer &server, Buffer &database, Buffer &user,
                                              Buffer &password)
 {
-    return symbol<decltype(&ObtenerDataBase)>("ObtenerDataBase")(
-        server.data(), database.data(), user.data(), password.data());
+    return symbol<decltype(&ObtenerDataBase)>("ObtenerDataBase")(server.data(), database.data(),
+                                                                 user.data(), password.data());
 }
 
-ErpLibrary::Reply ErpLibrary::virtualDeposits(Buffer &position)
+ErpLibrary::Reply ErpLibrary::virtualDeposits()
 {
-    Reply reply;
-    Buffer buffer(kReplySize);
-    reply.code = symbol<decltype(&ListarDepositosVirtuales)>("ListarDepositosVirtuales")(
-        50, position.data(), 0, &reply.count, buffer.data());
-    finish(reply, buffer);
-    return reply;
+    Buffer position(1000);
+    const auto function = symbol<decltype(&ListarDepositosVirtuales)>("ListarDepositosVirtuales");
+    return replyOf(
+        [&](char *reply, std::int32_t *count) {
+            return function(50, position.data(), 0, count, reply);
+        },
+        &position);
 }
 
 ErpLibrary::Reply ErpLibrary::categoryContents(Query &query, bool forward)
 {
-    Reply reply;
-    Buffer buffer(kReplySize);
-    Buffer categoryId(query.categoryId.size() + 1, query.categoryId);
-    reply.code = symbol<decltype(&ObtenerContenidoCategoria)>("ObtenerContenidoCategoria")(
-        query.productType, categoryId.data(), query.querySize, query.position.data(),
-        forward ? 0 : 1, query.ministoreId.c_str(), &reply.count, buffer.data());
-    finish(reply, buffer);
-    reply.guardIntact = reply.guardIntact && query.position.guardIntact() &&
-                        categoryId.guardIntact() && categoryId.text() == query.categoryId;
-    return reply;
+    const auto function =
+        symbol<decltype(&ObtenerContenidoCategoria)>("ObtenerContenidoCategoria");
+    return replyOf(
+        [&](char *reply, std::int32_t *count) {
+            return function(query.productType, query.categoryId.data(), query.querySize,
+                            query.position.data(), forward ? 0 : 1, query.ministoreId.c_str(),
+                            count, reply);
+        },
+        &query.position);
 }
 
 ErpLibrary::Reply ErpLibrary::search(Query &query, bool forward)
 {
-    Reply reply;
-    Buffer buffer(kReplySize);
-    Buffer text(query.searchText.size() + 1, query.searchText);
-    reply.code = symbol<decltype(&BusquedaProductosIndividual)>("BusquedaProductosIndividual")(
-        query.productType, query.queryType, text.data(), query.querySize, query.position.data(),
-        forward ? 0 : 1, query.ministoreId.c_str(), &reply.count, buffer.data());
-    finish(reply, buffer);
-    reply.guardIntact = reply.guardIntact && query.position.guardIntact() && text.guardIntact();
-    return reply;
+    const auto function =
+        symbol<decltype(&BusquedaProductosIndividual)>("BusquedaProductosIndividual");
+    return replyOf(
+        [&](char *reply, std::int32_t *count) {
+            return function(query.productType, query.queryType, query.searchText.data(),
+                            query.querySize, query.position.data(), forward ? 0 : 1,
+                            query.ministoreId.c_str(), count, reply);
+        },
+        &query.position);
 }
 
 ErpLibrary::Reply ErpLibrary::definition(std::int32_t productType, const std::string &key,
                                          const std::string &ministoreId)
 {
-    Reply reply;
-    Buffer buffer(kReplySize);
-    reply.code = symbol<decltype(&ObtenerDefinicionProducto)>("ObtenerDefinicionProducto")(
-        productType, key.c_str(), ministoreId.c_str(), buffer.data());
-    finish(reply, buffer);
-    return reply;
+    const auto function =
+        symbol<decltype(&ObtenerDefinicionProducto)>("ObtenerDefinicionProducto");
+    return replyOf([&](char *reply, std::int32_t *) {
+        return function(productType, key.c_str(), ministoreId.c_str(), reply);
+    });
 }
 
 ErpLibrary::Reply ErpLibrary::taxes()
 {
-    Reply reply;
-    Buffer buffer(kReplySize);
-    reply.code = symbol<decltype(&ObtenerImpuestos)>("ObtenerImpuestos")(buffer.data());
-    finish(reply, buffer);
-    return reply;
-}
-
-ErpLibrary::Query ErpLibrary::categoryQuery(std::int32_t productType,
-                                            const std::string &categoryId)
-{
-    Query query(100);
-    query.productType = productType;
-    query.categoryId = categoryId;
-    return query;
-}
-
-ErpLibrary::Query ErpLibrary::searchQuery(std::int32_t productType, std::int32_t queryType,
-                                          const std::string &text)
-{
-    Query query(1000);
-    query.productType = productType;
-    query.queryType = queryType;
-    query.searchText = text;
-    return query;
-}
-
-void ErpLibrary::finish(Reply &reply, Buffer &buffer)
-{
-    reply.text = buffer.text();
-    reply.guardIntact = buffer.guardIntact();
-    reply.parsed = static_cast<bool>(reply.document.load_string(reply.text.c_str()));
+    const auto function = symbol<decltype(&ObtenerImpuestos)>("ObtenerImpuestos");
+    return replyOf([&](char *reply, std::int32_t *) { return function(reply); });
 }

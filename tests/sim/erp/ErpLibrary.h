@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <pugixml.hpp>
 #include <string>
 #include <vector>
 
-#include <pugixml.hpp>
-
 /// The real libzrvndll.so, loaded with dlopen as the program loads it, and called with buffers
-/// of the sizes the program gives. Each call returns the code and keeps what the library wrote.
+/// of the sizes the program gives.
 class ErpLibrary
 {
 public:
@@ -19,10 +18,9 @@ public:
     class Buffer
     {
     public:
-        explicit Buffer(std::size_t size, const std::string &initial = {});
+        explicit Buffer(std::size_t size = 256);
         char *data() { return m_bytes.data(); }
-        std::string text() const { return std::string(m_bytes.data()); }
-        std::size_t size() const { return m_size; }
+        std::string text() const { return m_bytes.data(); }
         bool guardIntact() const;
 
     private:
@@ -33,16 +31,17 @@ public:
     struct Reply
     {
         std::int32_t code = -1;
-        std::string text;
         std::int32_t count = -1;
-        pugi::xml_document document;
+        std::string text;
         bool parsed = false;
         bool guardIntact = false;
-        /// The CodigoDovel of every Producto, in order.
-        std::vector<std::string> productIds() const;
+        pugi::xml_document document;
+        /// The texts of the nodes an XPath selects, in document order.
+        std::vector<std::string> texts(const std::string &xpath) const;
+        std::vector<std::string> productIds() const { return texts("//Producto/CodigoDovel"); }
     };
 
-    /// A paged query as the program runs it: the caller's resume state lives here between calls.
+    /// A paged query as the program runs it: the resume state lives here between calls.
     struct Query
     {
         std::int32_t productType = 0;
@@ -52,27 +51,24 @@ public:
         std::int32_t querySize = 50;
         std::string ministoreId;
         Buffer position;
-        explicit Query(std::size_t positionSize) : position(positionSize) {}
     };
+    static Query categoryQuery(std::int32_t productType, const std::string &categoryId);
+    static Query searchQuery(std::int32_t productType, std::int32_t queryType,
+                             const std::string &text);
 
     std::int32_t clientIdentity(std::int32_t &number, Buffer &license, Buffer &key2, Buffer &id);
     std::int32_t databaseCoordinates(Buffer &server, Buffer &database, Buffer &user,
                                      Buffer &password);
-    Reply virtualDeposits(Buffer &position);
+    Reply virtualDeposits();
     Reply categoryContents(Query &query, bool forward = true);
     Reply search(Query &query, bool forward = true);
     Reply definition(std::int32_t productType, const std::string &key,
                      const std::string &ministoreId = "");
     Reply taxes();
 
-    static Query categoryQuery(std::int32_t productType, const std::string &categoryId);
-    static Query searchQuery(std::int32_t productType, std::int32_t queryType,
-                             const std::string &text);
-
 private:
-    template <typename Function>
-    Function symbol(const char *name);
-    static void finish(Reply &reply, Buffer &buffer);
+    template <typename Function> Function symbol(const char *name) const;
+    template <typename Call> static Reply replyOf(Call call, Buffer *position = nullptr);
 
     void *m_handle = nullptr;
 };

@@ -79,9 +79,10 @@ std::string ErpSandbox::products(int count, const std::string &prefix,
     std::string xml;
     for (int i = 1; i <= count; ++i) {
         const std::string number = std::to_string(i);
-        const std::string id = prefix + std::string(4 - std::min<std::size_t>(4, number.size()), '0') + number;
-        xml += "<Producto id='" + id + "' descripcion='" + description + " " +
-               std::to_string(i) + "' referencia='R" + std::to_string(i) +
+        const std::string id =
+            prefix + std::string(4 - std::min<std::size_t>(4, number.size()), '0') + number;
+        xml += "<Producto id='" + id + "' descripcion='" + description + " " + std::to_string(i) +
+               "' referencia='R" + std::to_string(i) +
                "' precioLista='10.00' precioPromocion='9.00' precioMayorista='8.00' "
                "impuestos='IVA'/>";
     }

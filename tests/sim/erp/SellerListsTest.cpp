@@ -5,12 +5,7 @@
 
 namespace {
 
-const char *const kCharacteristic =
-    "<Properties/><VariantProperties><Field fieldID=\"Color\"><![CDATA[Rojo]]></Field>"
-    "</VariantProperties>";
-const char *const kNonCharacteristic =
-    "<Properties><Field fieldID=\"Cy_List_Price\"><![CDATA[10.50]]></Field></Properties>"
-    "<VariantProperties/>";
+using Texts = std::vector<std::string>;
 
 // Associations 1 to 3 on ERP products of two categories, and 4 on a product the ERP no longer
 // has; publication 10 in MT-100 (confirmed, with a pending modification that failed) and 11 in
@@ -24,77 +19,63 @@ protected:
                             "</Categoria><Categoria id='C-B' nombre='B'>" +
                             ErpSandbox::products(1, "B-") + "</Categoria>");
         m_sandbox.createSellerTables();
+        const std::string none = "'<Properties/><VariantProperties/>'";
+        const std::string color = "'<Properties/><VariantProperties><Field fieldID=\"Color\">"
+                                  "<![CDATA[Rojo]]></Field></VariantProperties>'";
+        const std::string price = "'<Properties><Field fieldID=\"Cy_List_Price\"><![CDATA[10.50]]>"
+                                  "</Field></Properties><VariantProperties/>'";
         m_sandbox.execute(
-            std::string("INSERT INTO WIPRODASOC VALUES (1, 'A-0001', 'ZP-00001', '") +
-            kCharacteristic +
-            "', '2026-01-10 09:00:00');"
-            "INSERT INTO WIPRODASOC VALUES (2, 'A-0002', 'ZP-00002', "
-            "'<Properties/><VariantProperties/>', '2026-01-11 09:30:00');"
-            "INSERT INTO WIPRODASOC VALUES (3, 'B-0001', 'ZP-00003', "
-            "'<Properties/><VariantProperties/>', '2026-01-12 10:00:00');"
-            "INSERT INTO WIPRODASOC VALUES (4, 'X-GONE', 'ZP-00004', '', '2026-01-12 10:00:00');"
-            "INSERT INTO WIPRODPUBL VALUES (10, 1, 'MT-100', 'K', '" +
-            kNonCharacteristic +
-            "', '2026-02-01 10:00:00');"
-            "INSERT INTO WIPRODPUBL VALUES (11, 2, 'MT-200', 'L', '', '2026-02-03 11:00:00');"
-            "INSERT INTO WIPRODPEND VALUES (11, 2, 'MT-200', 'I', '', '2026-02-03 11:00:00', 0, "
-            "NULL, NULL);"
-            "INSERT INTO WIPRODPEND VALUES (10, 1, 'MT-100', 'A', '" +
-            kNonCharacteristic +
-            "', '2026-02-02 08:05:09', 2, 'Precio fuera de rango', -20);");
+            "INSERT INTO WIPRODASOC VALUES (1, 'A-0001', 'ZP-00001', " + color +
+            ", '2026-01-10 09:00:00'), (2, 'A-0002', 'ZP-00002', " + none +
+            ", '2026-01-11 09:30:00'), (3, 'B-0001', 'ZP-00003', " + none +
+            ", '2026-01-12 10:00:00'), (4, 'X-GONE', 'ZP-00004', '', '2026-01-12 10:00:00');"
+            "INSERT INTO WIPRODPUBL VALUES (10, 1, 'MT-100', 'K', " +
+            price +
+            ", '2026-02-01 10:00:00'), (11, 2, 'MT-200', 'L', '', '2026-02-03 11:00:00');"
+            "INSERT INTO WIPRODPEND VALUES "
+            "(11, 2, 'MT-200', 'I', '', '2026-02-03 11:00:00', 0, NULL, NULL), "
+            "(10, 1, 'MT-100', 'A', " +
+            price + ", '2026-02-02 08:05:09', 2, 'Precio fuera de rango', -20);");
     }
 
-    std::vector<std::string> texts(const ErpLibrary::Reply &reply, const char *element) const
+    ErpLibrary::Reply search(int type, const std::string &ministore = "")
     {
-        std::vector<std::string> result;
-        for (const pugi::xpath_node node :
-             reply.document.select_nodes((std::string("//Producto/") + element).c_str())) {
-            result.emplace_back(node.node().text().get());
-        }
-        return result;
+        auto query = ErpLibrary::searchQuery(type, 1, "");
+        query.ministoreId = ministore;
+        return m_erp.search(query);
     }
 
     ErpSandbox m_sandbox;
     ErpLibrary m_erp;
 };
 
-using Texts = std::vector<std::string>;
-
 } // namespace
 
 TEST_F(ErpSellerListsTest, associatedProductsAreListedWithTheirMarketplaceProductInAnyStore)
 {
-    auto query = ErpLibrary::searchQuery(1, 1, "");
-    query.ministoreId = "MT-300";
-    const ErpLibrary::Reply reply = m_erp.search(query);
-    ASSERT_EQ(reply.code, 103);
+    const ErpLibrary::Reply reply = search(1, "MT-300");
+    EXPECT_EQ(reply.code, 103);
     EXPECT_EQ(reply.productIds(), (Texts{"A-0001", "A-0002", "B-0001"}))
         << "an association whose ERP product is gone is not listed";
-    EXPECT_EQ(texts(reply, "CodigoAsociacion"), (Texts{"1", "2", "3"}));
-    EXPECT_EQ(texts(reply, "CodigoZorvanta"), (Texts{"ZP-00001", "ZP-00002", "ZP-00003"}));
-    EXPECT_TRUE(texts(reply, "CodigoPublicacion").empty());
+    EXPECT_EQ(reply.texts("//CodigoAsociacion"), (Texts{"1", "2", "3"}));
+    EXPECT_EQ(reply.texts("//CodigoZorvanta"), (Texts{"ZP-00001", "ZP-00002", "ZP-00003"}));
+    EXPECT_TRUE(reply.texts("//CodigoPublicacion").empty());
+
+    auto category = ErpLibrary::categoryQuery(1, "C-B");
+    EXPECT_EQ(m_erp.categoryContents(category).texts("//CodigoAsociacion"), Texts{"3"});
+    EXPECT_EQ(m_erp.categoryContents(category).code, 6007);
 }
 
 TEST_F(ErpSellerListsTest, aListLineNeverCarriesTheAttributes)
 {
-    // The program looks for the attribute elements anywhere in the document to tell a
-    // detail from a list, so a list must hold none.
+    // The program looks for these elements anywhere in a document to tell a detail from a list.
     for (int type : {1, 2, 3}) {
-        auto query = ErpLibrary::searchQuery(type, 1, "");
-        const ErpLibrary::Reply reply = m_erp.search(query);
-        EXPECT_FALSE(reply.document.select_node("//AtributosCaracteristicos")) << type;
-        EXPECT_FALSE(reply.document.select_node("//AtributosNoCaracteristicos")) << type;
-        EXPECT_FALSE(reply.document.select_node("//ObtenerDefinicionProducto")) << type;
+        EXPECT_TRUE(search(type)
+                        .texts("//AtributosCaracteristicos | //AtributosNoCaracteristicos"
+                               " | //ObtenerDefinicionProducto")
+                        .empty())
+            << type;
     }
-}
-
-TEST_F(ErpSellerListsTest, aCategoryListsOnlyTheAssociationsOfItsOwnProducts)
-{
-    auto query = ErpLibrary::categoryQuery(1, "C-B");
-    const ErpLibrary::Reply reply = m_erp.categoryContents(query);
-    EXPECT_EQ(reply.code, 0);
-    EXPECT_EQ(texts(reply, "CodigoAsociacion"), (Texts{"3"}));
-    EXPECT_EQ(m_erp.categoryContents(query).code, 6007);
 }
 
 TEST_F(ErpSellerListsTest, publishedProductsAreNarrowedToTheChosenMinistore)
@@ -105,53 +86,37 @@ TEST_F(ErpSellerListsTest, publishedProductsAreNarrowedToTheChosenMinistore)
         const char *ministore;
         Texts publications;
     };
-    for (const Row &row : {Row{"store MT-100", "MT-100", {"10"}},
-                           Row{"store MT-200", "MT-200", {"11"}},
-                           Row{"a store id as the server compares it", "mt-100 ", {"10"}},
-                           Row{"no store given", "", {"10", "11"}},
-                           Row{"a store with nothing", "MT-300", {}}}) {
-        auto query = ErpLibrary::searchQuery(2, 2, "");
-        query.ministoreId = row.ministore;
-        const ErpLibrary::Reply reply = m_erp.search(query);
-        EXPECT_EQ(texts(reply, "CodigoPublicacion"), row.publications) << row.what;
+    for (const Row &row :
+         {Row{"store MT-100", "MT-100", {"10"}},
+          Row{"a store id as the server compares it", "mt-100 ", {"10"}},
+          Row{"no store given", "", {"10", "11"}}, Row{"a store with nothing", "MT-300", {}}}) {
+        EXPECT_EQ(search(2, row.ministore).texts("//CodigoPublicacion"), row.publications)
+            << row.what;
     }
-    auto query = ErpLibrary::searchQuery(2, 1, "A-0001");
-    const ErpLibrary::Reply reply = m_erp.search(query);
-    EXPECT_EQ(texts(reply, "StoreID"), (Texts{"MT-100"}));
-    EXPECT_EQ(texts(reply, "Estado"), (Texts{"K"}));
-    EXPECT_EQ(texts(reply, "FechaPublicacion"), (Texts{"2026-02-01 10:00:00"}));
-    EXPECT_EQ(texts(reply, "CodigoAsociacion"), (Texts{"1"}));
+    EXPECT_EQ(search(2, "MT-100").texts("//Producto/*"),
+              (Texts{"A-0001", "Artículo 1", "R1", "1", "10", "ZP-00001", "MT-100", "K",
+                     "2026-02-01 10:00:00"}));
 }
 
 TEST_F(ErpSellerListsTest, pendingOperationsComeInDateOrderWithTheirOperationLetter)
 {
-    auto query = ErpLibrary::searchQuery(3, 1, "");
-    const ErpLibrary::Reply reply = m_erp.search(query);
-    ASSERT_EQ(reply.code, 103);
-    EXPECT_EQ(texts(reply, "CodigoPublicacion"), (Texts{"10", "11"}));
-    EXPECT_EQ(texts(reply, "Estado"), (Texts{"A", "I"}));
-    EXPECT_EQ(texts(reply, "FechaPublicacion"),
+    const ErpLibrary::Reply reply = search(3);
+    EXPECT_EQ(reply.code, 103);
+    EXPECT_EQ(reply.texts("//CodigoPublicacion | //Estado"), (Texts{"10", "A", "11", "I"}));
+    EXPECT_EQ(reply.texts("//FechaPublicacion"),
               (Texts{"2026-02-02 08:05:09", "2026-02-03 11:00:00"}));
-
-    query = ErpLibrary::searchQuery(3, 1, "");
-    query.ministoreId = "MT-200";
-    EXPECT_EQ(texts(m_erp.search(query), "CodigoPublicacion"), (Texts{"11"}));
+    EXPECT_EQ(search(3, "MT-200").texts("//CodigoPublicacion"), Texts{"11"});
 }
 
 TEST_F(ErpSellerListsTest, anAssociationsDetailJoinsTheErpProductWithTheStoredAttributes)
 {
     const ErpLibrary::Reply reply = m_erp.definition(1, "1");
     ASSERT_EQ(reply.code, 0);
-    const pugi::xml_node detail = reply.document.child("ObtenerDefinicionProducto");
-    EXPECT_STREQ(detail.child("CodigoDovel").text().get(), "A-0001");
-    EXPECT_STREQ(detail.child("Precio1").text().get(), "10.00");
-    EXPECT_STREQ(detail.child("CodigoAsociacion").text().get(), "1");
-    EXPECT_STREQ(detail.child("CodigoZorvanta").text().get(), "ZP-00001");
-    EXPECT_STREQ(detail.child("FechaAsociacion").text().get(), "2026-01-10 09:00:00");
-    EXPECT_STREQ(detail.select_node("AtributosCaracteristicos/VariantProperties/Field[@fieldID='Color']")
-                     .node().text().get(),
-                 "Rojo");
-    EXPECT_FALSE(detail.child("AtributosNoCaracteristicos"));
+    EXPECT_EQ(reply.texts("/ObtenerDefinicionProducto/*[not(self::Impuestos)]"),
+              (Texts{"A-0001", "Artículo 1", "R1", "10.00", "9.00", "8.00", "1", "ZP-00001",
+                     "2026-01-10 09:00:00", ""}));
+    EXPECT_EQ(reply.texts("/*/AtributosCaracteristicos/VariantProperties/Field[@fieldID='Color']"),
+              Texts{"Rojo"});
     EXPECT_EQ(m_erp.definition(1, "99").code, 6003);
 }
 
@@ -159,14 +124,11 @@ TEST_F(ErpSellerListsTest, aPublicationsDetailBelongsToItsMinistore)
 {
     const ErpLibrary::Reply reply = m_erp.definition(2, "10", "MT-100");
     ASSERT_EQ(reply.code, 0);
-    const pugi::xml_node detail = reply.document.child("ObtenerDefinicionProducto");
-    EXPECT_STREQ(detail.child("CodigoPublicacion").text().get(), "10");
-    EXPECT_STREQ(detail.child("FechaPublicacion").text().get(), "2026-02-01 10:00:00");
-    EXPECT_STREQ(detail.child("FechaAsociacion").text().get(), "2026-01-10 09:00:00");
-    EXPECT_STREQ(detail.select_node("AtributosNoCaracteristicos/Properties/Field").node()
-                     .attribute("fieldID").value(),
-                 "Cy_List_Price");
-    EXPECT_TRUE(detail.child("AtributosCaracteristicos"));
+    EXPECT_EQ(reply.texts("/*/CodigoPublicacion | /*/FechaPublicacion | /*/FechaAsociacion"),
+              (Texts{"10", "2026-02-01 10:00:00", "2026-01-10 09:00:00"}));
+    EXPECT_EQ(reply.texts("/*/AtributosNoCaracteristicos/Properties/Field/@fieldID"),
+              Texts{"Cy_List_Price"});
+    EXPECT_EQ(reply.texts("/*/AtributosCaracteristicos//Field"), Texts{"Rojo"});
     EXPECT_EQ(m_erp.definition(2, "10", "MT-200").code, 6003);
 }
 
@@ -178,22 +140,17 @@ TEST_F(ErpSellerListsTest, aPendingOperationIsFoundByPublicationAndDate)
         const char *key;
         int code;
     };
-    for (const Row &row : {Row{"the date as the program writes it", "10|2026-02-02 08:05:09", 0},
-                           Row{"the date without padding", "10|2026-2-2 8:5:9", 0},
-                           Row{"another date", "10|2026-02-02 08:05:10", 6003},
-                           Row{"no date at all", "10", 6003},
-                           Row{"not a number", "abc|2026-02-02 08:05:09", 6003}}) {
+    for (const Row &row :
+         {Row{"the date as the program writes it", "10|2026-02-02 08:05:09", 0},
+          Row{"the date without padding", "10|2026-2-2 8:5:9", 0},
+          Row{"another date", "10|2026-02-02 08:05:10", 6003}, Row{"no date at all", "10", 6003},
+          Row{"not a number", "abc|2026-02-02 08:05:09", 6003}}) {
         EXPECT_EQ(m_erp.definition(3, row.key, "MT-100").code, row.code) << row.what;
     }
-    const ErpLibrary::Reply reply = m_erp.definition(3, "10|2026-02-02 08:05:09", "MT-100");
-    const pugi::xml_node detail = reply.document.child("ObtenerDefinicionProducto");
-    EXPECT_STREQ(detail.child("Estado").text().get(), "A");
-    EXPECT_STREQ(detail.child("NumeroError").text().get(), "-20");
-    EXPECT_STREQ(detail.child("MensajeError").text().get(), "Precio fuera de rango");
-
-    const ErpLibrary::Reply fresh = m_erp.definition(3, "11|2026-02-03 11:00:00", "MT-200");
-    ASSERT_EQ(fresh.code, 0);
-    EXPECT_STREQ(fresh.document.select_node("//NumeroError").node().text().get(), "0")
+    EXPECT_EQ(m_erp.definition(3, "10|2026-02-02 08:05:09", "MT-100")
+                  .texts("/*/Estado | /*/NumeroError | /*/MensajeError"),
+              (Texts{"A", "-20", "Precio fuera de rango"}));
+    EXPECT_EQ(m_erp.definition(3, "11|2026-02-03 11:00:00").texts("/*/NumeroError"), Texts{"0"})
         << "an operation that never failed has error 0";
 }
 
