@@ -36,6 +36,17 @@ std::string numericKey(const std::string &id)
     return digits ? std::string(12 - id.size(), '0') + id : id;
 }
 
+template <typename Item, typename Key>
+std::vector<std::string> keysOf(const std::vector<Item> &items, Key key)
+{
+    std::vector<std::string> keys;
+    keys.reserve(items.size());
+    for (const Item &item : items) {
+        keys.push_back(key(item));
+    }
+    return keys;
+}
+
 void writeTax(ReplyWriter &writer, const ErpDataSet::Tax &tax)
 {
     writer.open("Impuesto", {{"CodigoImpuesto", tax.id}});
@@ -130,11 +141,8 @@ ErpAnswer ErpService::virtualDeposits(std::int32_t querySize, std::string_view p
         std::vector<ErpDataSet::Deposit> deposits = m_data->deposits();
         std::sort(deposits.begin(), deposits.end(),
                   [](const auto &a, const auto &b) { return a.id < b.id; });
-        std::vector<std::string> keys;
-        for (const auto &deposit : deposits) {
-            keys.push_back(deposit.id);
-        }
-        const PageCursor page(keys, position, direction == 0, querySize);
+        const PageCursor page(keysOf(deposits, [](const auto &deposit) { return deposit.id; }),
+                              position, direction == 0, querySize);
         const std::unique_ptr<SellerDatabase> database = sellerDatabase();
 
         ReplyWriter writer("ListarDepositosVirtuales");
@@ -152,7 +160,7 @@ ErpAnswer ErpService::virtualDeposits(std::int32_t querySize, std::string_view p
             writer.close();
         }
         return ErpAnswer{0, writer.finish(), page.position(),
-                         static_cast<std::int32_t>(page.end() - page.begin())};
+                         static_cast<std::int32_t>(page.size())};
     });
 }
 
@@ -170,10 +178,7 @@ ErpAnswer ErpService::categoryContents(std::int32_t productType, const std::stri
         const auto found = lines(productType, ministoreId, [&](const auto &product) {
             return product.categoryId == categoryId;
         });
-        std::vector<std::string> keys;
-        for (const Line &line : found) {
-            keys.push_back(line.key);
-        }
+        const auto keys = keysOf(found, [](const Line &line) { return line.key; });
         const PageCursor page(keys, position, direction == 0, querySize);
 
         ReplyWriter writer("ObtenerContenidoCategoria");
@@ -187,8 +192,7 @@ ErpAnswer ErpService::categoryContents(std::int32_t productType, const std::stri
         writeProductList(writer, productType, page.begin(), page.end(), found);
         // Running out of products is told by 6007 alone, whatever the direction.
         return ErpAnswer{page.empty() ? ErpReturnCode::CategoryExhausted : ErpReturnCode::Success,
-                         writer.finish(), page.position(),
-                         static_cast<std::int32_t>(page.end() - page.begin())};
+                         writer.finish(), page.position(), static_cast<std::int32_t>(page.size())};
     });
 }
 
@@ -204,10 +208,7 @@ ErpAnswer ErpService::productSearch(std::int32_t productType, std::int32_t query
         const SearchMatcher matcher(static_cast<SearchMatcher::Field>(queryType), searchText);
         const auto found = lines(productType, ministoreId,
                                  [&](const auto &product) { return matcher.matches(product); });
-        std::vector<std::string> keys;
-        for (const Line &line : found) {
-            keys.push_back(line.key);
-        }
+        const auto keys = keysOf(found, [](const Line &line) { return line.key; });
         const bool forward = direction == 0;
         const PageCursor page(keys, lastId, forward, querySize);
 
@@ -226,7 +227,7 @@ ErpAnswer ErpService::productSearch(std::int32_t productType, std::int32_t query
         ReplyWriter writer("BusquedaProductosIndividual");
         writeProductList(writer, productType, page.begin(), page.end(), found);
         return ErpAnswer{code, writer.finish(), page.position(),
-                         static_cast<std::int32_t>(page.end() - page.begin())};
+                         static_cast<std::int32_t>(page.size())};
     });
 }
 

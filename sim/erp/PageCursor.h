@@ -20,6 +20,7 @@ public:
     std::size_t begin() const { return m_begin; }
     std::size_t end() const { return m_end; }
     bool empty() const { return m_begin == m_end; }
+    std::size_t size() const { return m_end - m_begin; }
     /// Nothing comes before the page, or after it.
     bool atStart() const { return m_begin == 0; }
     bool atEnd() const { return m_end == m_count; }
