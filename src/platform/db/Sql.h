@@ -57,7 +57,7 @@ template <std::integral T> SqlNumber sqlNumber(T value)
 class Sql
 {
 public:
-    Sql() = default;
+    Sql();
     /// A statement that is a constant, such as Sql("SELECT @@IDENTITY").
     explicit Sql(SqlFragment constant);
 
