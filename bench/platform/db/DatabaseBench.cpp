@@ -4,46 +4,21 @@
 // by itself (what the program does); 1 keeps one transaction open, which takes the disk out
 // of the figure and leaves the layer's own cost.
 
+#include "TestDatabase.h"
 #include "platform/db/Connection.h"
-#include "platform/db/EmbeddedDatabase.h"
 #include "platform/db/ServerCollation.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
-
-#include <cstdlib>
-#include <filesystem>
 #include <string>
-#include <unistd.h>
 
 namespace {
 
-// A fresh data directory holding the seller's database, removed at the end.
-class BenchDatabase
-{
-public:
-    BenchDatabase()
-    {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "asistente-bench-XXXXXX").string();
-        m_dir = mkdtemp(pattern.data());
-        setenv("ASISTENTE_DATA_DIR", m_dir.c_str(), 1);
-        unsetenv("ASISTENTE_SQL_DRIVER");
-        createEmbeddedDatabase(file());
-    }
-    ~BenchDatabase() { std::filesystem::remove_all(m_dir); }
-
-    std::filesystem::path file() const { return embeddedDatabasePath("Vendedor"); }
-
-private:
-    std::filesystem::path m_dir;
-};
-
 void builderInsert(benchmark::State &state)
 {
-    BenchDatabase data;
+    TestDatabase data;
     Connection db;
-    db.open("Driver={SQL Server};Server=s;Uid=u;Pwd=p;Database=Vendedor", 15);
+    db.open(TestDatabase::connectionString(), 15);
     if (state.range(0))
         db.begin();
     const std::string dovel = "PRD-1042", zorvanta = "ZV-88310";
@@ -62,9 +37,9 @@ void builderInsert(benchmark::State &state)
 
 void rawInsert(benchmark::State &state)
 {
-    BenchDatabase data;
+    TestDatabase data;
     sqlite3 *db = nullptr;
-    sqlite3_open_v2(data.file().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+    sqlite3_open_v2(embeddedDatabasePath("Vendedor").c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
     sqlite3_busy_timeout(db, 15000);
     registerServerCollation(db);
     sqlite3_exec(db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);

@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 /// A data directory of its own holding the seller's embedded database "Vendedor", made by
-/// the same code as asistente-db; removed with everything in it at the end of the test.
+/// the same code as asistente-db; removed with everything in it when it goes.
 class TestDatabase
 {
 public:
