@@ -13,7 +13,7 @@ std::string trimmed(const std::string &text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-bool sameKey(const std::string &a, const std::string &b)
+bool sameText(const std::string &a, const std::string &b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
         return std::tolower(static_cast<unsigned char>(x)) ==
@@ -76,6 +76,11 @@ std::string ConnectionString::value(const std::string &key) const
     return index < m_pairs.size() ? m_pairs[index].value : std::string();
 }
 
+bool ConnectionString::hasServerDriver() const
+{
+    return sameText(value("Driver"), "SQL Server");
+}
+
 void ConnectionString::set(const std::string &key, const std::string &value)
 {
     const auto index = indexOf(key);
@@ -93,7 +98,7 @@ std::string ConnectionString::text() const
             text += ';';
         text += pair.key + '=';
         // Driver names hold blanks ("SQL Server") and are braced by custom.
-        if (pair.value.find_first_of(";{}") == std::string::npos && !sameKey(pair.key, "Driver")) {
+        if (pair.value.find_first_of(";{}") == std::string::npos && !sameText(pair.key, "Driver")) {
             text += pair.value;
             continue;
         }
@@ -108,6 +113,6 @@ std::string ConnectionString::text() const
 std::size_t ConnectionString::indexOf(const std::string &key) const
 {
     const auto it = std::find_if(m_pairs.begin(), m_pairs.end(),
-                                 [&](const Pair &pair) { return sameKey(pair.key, key); });
+                                 [&](const Pair &pair) { return sameText(pair.key, key); });
     return static_cast<std::size_t>(it - m_pairs.begin());
 }

@@ -12,6 +12,8 @@ public:
 
     /// The value of the key, or the empty text when the key is absent.
     std::string value(const std::string &key) const;
+    /// True when the driver is the program's own, "SQL Server", in any case.
+    bool hasServerDriver() const;
     /// Replaces the value of the key, or adds the pair at the end.
     void set(const std::string &key, const std::string &value);
     /// The pairs again as text. The driver, and any value holding ';' or a brace, are

@@ -75,10 +75,12 @@ std::filesystem::path embeddedDatabasePath(const std::string &database)
 
 void createEmbeddedDatabase(const std::filesystem::path &file)
 {
-    std::error_code error;
-    std::filesystem::create_directories(file.parent_path(), error);
-    if (error)
-        fail(error.message(), file.parent_path());
+    if (!file.parent_path().empty()) {
+        std::error_code error;
+        std::filesystem::create_directories(file.parent_path(), error);
+        if (error)
+            fail(error.message(), file.parent_path());
+    }
     sqlite3 *raw = nullptr;
     const int opened =
         sqlite3_open_v2(file.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);

@@ -59,7 +59,7 @@ void OdbcBackend::open(const ConnectionString &connection, int timeoutSeconds)
           SQL_HANDLE_DBC, m_connection);
 
     ConnectionString target = connection;
-    if (lowered(target.value("Driver")) == "sql server")
+    if (target.hasServerDriver())
         target.set("Driver", m_driver);
     const std::string text = target.text();
     const SQLRETURN connected = SQLDriverConnect(

@@ -27,7 +27,18 @@ bool isNumber(std::string_view text)
 
 } // namespace
 
-Sql::Sql(SqlFragment constant) : m_text(constant.text()) {}
+// Room for a usual statement at once, rather than a reallocation for each piece.
+constexpr std::size_t kUsualLength = 256;
+
+Sql::Sql()
+{
+    m_text.reserve(kUsualLength);
+}
+
+Sql::Sql(SqlFragment constant) : Sql()
+{
+    m_text = constant.text();
+}
 
 Sql &Sql::operator<<(SqlFragment piece)
 {

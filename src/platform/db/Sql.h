@@ -47,7 +47,7 @@ template <std::integral T> SqlNumber sqlNumber(T value)
 /// A statement built by concatenation, as the program has always written its SQL:
 ///
 ///     Sql s;
-///     s << "SELECT Descrip FROM WITIENDAS WHERE IdMinitienda='" << sqlText(id) << "'";
+///     s << "SELECT count(*) FROM WITIENDAS where IdTienda ='" << sqlText(id) << "'";
 ///
 /// The text is exactly the pieces joined. The builder also checks each value as it goes in:
 /// a text value holding an apostrophe (or a NUL), or a number slot holding anything but an
@@ -57,7 +57,7 @@ template <std::integral T> SqlNumber sqlNumber(T value)
 class Sql
 {
 public:
-    Sql() = default;
+    Sql();
     /// A statement that is a constant, such as Sql("SELECT @@IDENTITY").
     explicit Sql(SqlFragment constant);
 

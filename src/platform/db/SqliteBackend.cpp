@@ -6,7 +6,6 @@
 #include "platform/db/SqliteCursor.h"
 #include "platform/db/SqliteDialect.h"
 
-#include <algorithm>
 #include <cctype>
 #include <climits>
 #include <sqlite3.h>
@@ -32,14 +31,6 @@ std::string sqlStateOf(int code)
     default:
         return "HY000";
     }
-}
-
-bool isSqlServerDriver(const std::string &driver)
-{
-    static const std::string expected = "sql server";
-    return std::equal(
-        driver.begin(), driver.end(), expected.begin(), expected.end(),
-        [](char a, char b) { return std::tolower(static_cast<unsigned char>(a)) == b; });
 }
 
 bool onlyBlanks(const char *text)
@@ -75,7 +66,7 @@ SqliteBackend::~SqliteBackend()
 void SqliteBackend::open(const ConnectionString &connection, int timeoutSeconds)
 {
     const std::string driver = connection.value("Driver");
-    if (!isSqlServerDriver(driver))
+    if (!connection.hasServerDriver())
         reportDatabaseError(errors(), {0,
                                        "No hay un motor para el controlador «" + driver +
                                            "»; para usarlo por ODBC, defina ASISTENTE_SQL_DRIVER",

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
-#include <cstdio>
 #include <optional>
 
 namespace {
@@ -16,22 +14,37 @@ struct Token
     std::string_view text;
 };
 
+// ASCII tests of our own: those of <cctype> consult the locale for every character, and this
+// runs on every statement.
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
 bool isWordChar(char c)
 {
-    return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '@' || c == '#' ||
-           c == '$';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c) || c == '_' || c == '@' ||
+           c == '#' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 bool isBlank(char c)
 {
-    return std::isspace(static_cast<unsigned char>(c));
+    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
+// a is the upper-case word b, in any case.
 bool sameWord(std::string_view a, std::string_view b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return std::toupper(static_cast<unsigned char>(x)) == y;
-    });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return (x >= 'a' && x <= 'z' ? x - 32 : x) == y; });
+}
+
+void appendPadded(std::string &text, int value, std::size_t width)
+{
+    const std::string digits = std::to_string(value);
+    if (digits.size() < width)
+        text.append(width - digits.size(), '0');
+    text += digits;
 }
 
 // Splits a statement into words, quoted pieces ('text', "name", [name]), blanks (comments
@@ -72,6 +85,8 @@ public:
         return {kind, m_text.substr(start, m_pos - start)};
     }
 
+    std::size_t position() const { return m_pos; }
+
     // The next token that is not a blank.
     Token nextSolid()
     {
@@ -85,14 +100,17 @@ private:
     void skipQuoted(char close)
     {
         // A doubled closing quote stands for itself inside the quotes.
-        for (++m_pos; m_pos < m_text.size(); ++m_pos) {
-            if (m_text[m_pos] != close)
-                continue;
-            if (m_pos + 1 < m_text.size() && m_text[m_pos + 1] == close) {
-                ++m_pos;
+        for (std::size_t from = m_pos + 1;;) {
+            const auto found = m_text.find(close, from);
+            if (found == std::string_view::npos) {
+                m_pos = m_text.size();
+                return;
+            }
+            if (found + 1 < m_text.size() && m_text[found + 1] == close) {
+                from = found + 2;
                 continue;
             }
-            ++m_pos;
+            m_pos = found + 1;
             return;
         }
     }
@@ -111,8 +129,7 @@ std::optional<int> readNumber(std::string_view text, std::size_t &pos, std::size
 {
     const std::size_t start = pos;
     int value = 0;
-    while (pos < text.size() && pos - start < maxDigits &&
-           std::isdigit(static_cast<unsigned char>(text[pos])))
+    while (pos < text.size() && pos - start < maxDigits && isDigit(text[pos]))
         value = value * 10 + (text[pos++] - '0');
     if (pos == start)
         return std::nullopt;
@@ -154,10 +171,14 @@ std::optional<std::string> normalisedDate(std::string_view text)
         return std::nullopt;
     if (day > monthDays[month - 1] + (month == 2 && isLeapYear(year) ? 1 : 0))
         return std::nullopt;
-    char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "'%04d-%02d-%02d %02d:%02d:%02d'", year, month, day, hour,
-                  minute, second);
-    return std::string(buffer);
+    std::string literal = "'";
+    appendPadded(literal, year, 4);
+    for (const auto &[separator, value] :
+         {std::pair{'-', month}, {'-', day}, {' ', hour}, {':', minute}, {':', second}}) {
+        literal += separator;
+        appendPadded(literal, value, 2);
+    }
+    return literal + "'";
 }
 
 // Reads "(datetime, 'text', 120)" after CONVERT and gives the literal it stands for; on a
@@ -191,27 +212,32 @@ SqliteTranslation toSqliteDialect(std::string_view statement)
 {
     SqliteTranslation result;
     result.text.reserve(statement.size() + 16);
+    // What needs no change is copied in whole spans, up to the next rewrite.
+    std::size_t copied = 0;
+    const auto rewrite = [&](const Token &from, std::size_t to, std::string_view with) {
+        const auto start = static_cast<std::size_t>(from.text.data() - statement.data());
+        result.text.append(statement.substr(copied, start - copied)).append(with);
+        copied = to;
+    };
     TokenReader reader(statement);
     for (Token token = reader.next(); token.kind != TokenKind::End; token = reader.next()) {
-        if (token.kind != TokenKind::Word) {
-            result.text += token.text;
-        } else if (sameWord(token.text, "@@IDENTITY")) {
-            result.text += "last_insert_rowid()";
+        if (token.kind != TokenKind::Word)
+            continue;
+        if (sameWord(token.text, "@@IDENTITY")) {
+            rewrite(token, reader.position(), "last_insert_rowid()");
         } else if (sameWord(token.text, "DELETE")) {
-            result.text += token.text;
             TokenReader ahead = reader;
             const Token target = ahead.nextSolid();
             if (target.kind != TokenKind::Symbol && target.kind != TokenKind::End &&
                 !sameWord(target.text, "FROM"))
-                result.text += " FROM";
+                rewrite(token, reader.position(), std::string(token.text) + " FROM");
         } else if (sameWord(token.text, "CONVERT")) {
             const auto literal = convertedDate(reader, result.problem);
             if (!literal)
                 return result;
-            result.text += *literal;
-        } else {
-            result.text += token.text;
+            rewrite(token, reader.position(), *literal);
         }
     }
+    result.text.append(statement.substr(copied));
     return result;
 }
