@@ -52,7 +52,7 @@ struct Reply : MarketplaceReply
     int32_t connector = 0;
 };
 
-std::string catalogRequest(const std::string &operations, const char *store = "MT-100",
+std::string catalogRequest(const std::string &operations, const char *store = "100",
                            const char *license = kLicense)
 {
     return std::string("<CatalogOperation><SellerID>V1042</SellerID><ProductLicense>") + license +
@@ -223,7 +223,7 @@ TEST_F(QdxLibraryTest, storeInfoGivesThePlanTheLimitAndTheStatusOfEachStore)
     ASSERT_EQ(stores.connector, 0);
     EXPECT_EQ(stores.code(), 0);
     EXPECT_EQ(stores.values("//Store/@StoreID"),
-              (std::vector<std::string>{"MT-100", "MT-200", "MT-300"}));
+              (std::vector<std::string>{"100", "200", "300"}));
     EXPECT_EQ(stores.values("//Store/ProductID"), (std::vector<std::string>{"300", "310", "300"}));
     EXPECT_EQ(stores.values("//Store/MaxProducts"), (std::vector<std::string>{"3", "10", "10"}));
     EXPECT_EQ(stores.values("//Store/Status"), (std::vector<std::string>{"A", "A", "I"}));
@@ -253,10 +253,10 @@ TEST_F(QdxLibraryTest, aStoreUserIsCheckedAgainstTheStoresOwnUsers)
         int result;
     };
     const std::vector<Case> table{
-        {"the store's user", "carmen", "andina2026", "MT-100", 0},
-        {"a wrong password", "carmen", "andina2025", "MT-100", -8000},
-        {"a user of no store", "pedro", "andina2026", "MT-100", -8000},
-        {"a user of another seller's store", "puerto", "libros1", "MT-900", -8001},
+        {"the store's user", "carmen", "andina2026", "100", 0},
+        {"a wrong password", "carmen", "andina2025", "100", -8000},
+        {"a user of no store", "pedro", "andina2026", "100", -8000},
+        {"a user of another seller's store", "puerto", "libros1", "900", -8001},
     };
     for (const Case &row : table) {
         SCOPED_TRACE(row.who);
@@ -277,13 +277,13 @@ TEST_F(QdxLibraryTest, publishingTwiceWithdrawingWhatIsNotThereAndTheStoresCount
 {
     start();
     const int32_t session = openSession();
-    ASSERT_EQ(numberOfProducts("MT-100"), 0);
+    ASSERT_EQ(numberOfProducts("100"), 0);
 
     const Reply first = run(9, session, catalogRequest(operation(1, "Publicar", "ZP-1")));
     ASSERT_EQ(first.connector, 0);
     EXPECT_EQ(first.doc->document_element().first_child().name(), std::string("RESULT"));
     EXPECT_EQ(first.values("//Operations/Operation/RETURNCODE"), std::vector<std::string>{"0"});
-    EXPECT_EQ(numberOfProducts("MT-100"), 1);
+    EXPECT_EQ(numberOfProducts("100"), 1);
 
     const Reply batch =
         run(9, session,
@@ -303,12 +303,12 @@ TEST_F(QdxLibraryTest, publishingTwiceWithdrawingWhatIsNotThereAndTheStoresCount
     for (const std::string &description : batch.values("//Operations/Operation/DESCRIPTION")) {
         EXPECT_FALSE(description.empty());
     }
-    EXPECT_EQ(numberOfProducts("MT-100"), 1);
+    EXPECT_EQ(numberOfProducts("100"), 1);
 
     EXPECT_EQ(run(9, session, catalogRequest(operation(1, "Despublicar", "ZP-1")))
                   .values("//Operation/RETURNCODE"),
               std::vector<std::string>{"0"});
-    EXPECT_EQ(numberOfProducts("MT-100"), 0);
+    EXPECT_EQ(numberOfProducts("100"), 0);
 }
 
 TEST_F(QdxLibraryTest, operationsTheMarketplaceRefusesAnswerTheirOwnCode)
@@ -328,16 +328,16 @@ TEST_F(QdxLibraryTest, operationsTheMarketplaceRefusesAnswerTheirOwnCode)
         (std::vector<std::string>{"-8501", "-8503", "-8502", "-9001", "0", "0", "0", "-8006"}));
     EXPECT_EQ(batch.values("//Operation[@PublicationID='4']/DESCRIPTION"),
               std::vector<std::string>{"Catálogo bloqueado"});
-    EXPECT_EQ(run(9, session, catalogRequest(operation(1, "Publicar", "ZP-1"), "MT-300"))
+    EXPECT_EQ(run(9, session, catalogRequest(operation(1, "Publicar", "ZP-1"), "300"))
                   .values("//Operation/RETURNCODE"),
               std::vector<std::string>{"-8007"});
 
-    EXPECT_EQ(run(9, session, catalogRequest("", "MT-900")).code(), -8001);
-    EXPECT_EQ(run(9, session, catalogRequest("", "MT-100", "NUB-LIC-1999-0001")).code(), -8003);
+    EXPECT_EQ(run(9, session, catalogRequest("", "900")).code(), -8001);
+    EXPECT_EQ(run(9, session, catalogRequest("", "100", "NUB-LIC-1999-0001")).code(), -8003);
     EXPECT_EQ(run(9, session,
                   "<CatalogOperation><SellerID>V1042</SellerID><ProductLicense>" +
                       std::string(kLicense) +
-                      "</ProductLicense><StoreID>MT-100</StoreID></CatalogOperation>")
+                      "</ProductLicense><StoreID>100</StoreID></CatalogOperation>")
                   .code(),
               -8500);
 }
@@ -348,7 +348,7 @@ TEST_F(QdxLibraryTest, taxesAreAnsweredOneByOneAndTheAcceptedOnesKept)
     const int32_t session = openSession();
     const Reply taxes =
         run(16, session,
-            "<SetTaxes><StoreID>MT-100</StoreID><SellerID>V1042</SellerID><Taxes>"
+            "<SetTaxes><StoreID>100</StoreID><SellerID>V1042</SellerID><Taxes>"
             "<Tax><TaxID>IVA</TaxID><AmountType>1</AmountType><Amount>19</Amount></Tax>"
             "<Tax><TaxID>ILA</TaxID><AmountType>2</AmountType><Amount>350.5</Amount></Tax>"
             "<Tax><TaxID>ICE</TaxID><AmountType>1</AmountType><Amount>5</Amount></Tax>"
@@ -362,14 +362,14 @@ TEST_F(QdxLibraryTest, taxesAreAnsweredOneByOneAndTheAcceptedOnesKept)
               (std::vector<std::string>{"0", "0", "-8101", "-8504"}));
 
     const Reply none = run(16, session,
-                           "<SetTaxes><StoreID>MT-200</StoreID><SellerID>V1042</SellerID>"
+                           "<SetTaxes><StoreID>200</StoreID><SellerID>V1042</SellerID>"
                            "<Taxes/></SetTaxes>");
     ASSERT_EQ(none.values("//Taxes").size(), 1u);
     EXPECT_EQ(none.values("//Taxes/*").size(), 0u);
 
     pugi::xml_document state;
     ASSERT_TRUE(state.load_string(SoapTestClient(sim->url()).get("/sim/state").c_str()));
-    EXPECT_EQ(state.select_nodes("//Taxes/Store[@StoreID='MT-100']/Tax").size(), 2u);
+    EXPECT_EQ(state.select_nodes("//Taxes/Store[@StoreID='100']/Tax").size(), 2u);
 }
 
 TEST_F(QdxLibraryTest, aLostSessionAnswers2005UntilClosedAndReopened)

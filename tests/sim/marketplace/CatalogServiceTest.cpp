@@ -46,11 +46,11 @@ TEST_F(DemoMarketplace, sellerInformationListsTheThreeMinistoresWithWhatEachPubl
     EXPECT_EQ(reply.root().name(), std::string("GetSellerInformation"));
     EXPECT_EQ(reply.code(), 0);
     EXPECT_EQ(reply.values("//Store/StoreID"),
-              (std::vector<std::string>{"MT-100", "MT-200", "MT-300"}));
+              (std::vector<std::string>{"100", "200", "300"}));
     EXPECT_EQ(reply.values("//Store/NumberOfProducts"), (std::vector<std::string>{"3", "1", "0"}));
-    EXPECT_GT(reply.values("//Store[StoreID='MT-200']/Name")[0].size(), 40u);
+    EXPECT_GT(reply.values("//Store[StoreID='200']/Name")[0].size(), 40u);
     pugi::xml_node emptyDescription =
-        reply.select("//Store[StoreID='MT-300']/Description").first().node();
+        reply.select("//Store[StoreID='300']/Description").first().node();
     ASSERT_TRUE(emptyDescription);
     EXPECT_FALSE(emptyDescription.first_child());
 
@@ -130,7 +130,7 @@ TEST_F(DemoMarketplace, requestsThatCannotBeServedAnswerACodeAndTheReason)
                    {{"CategoryID", "ZC-310"}, {"PageNumber", "uno"}, {"PageSize", "50"}}),
          -8500},
         {"an unknown product",
-         soap.call("GetProductInformation", {{"ProductID", "ZP-99999"}, {"StoreID", "MT-100"}}),
+         soap.call("GetProductInformation", {{"ProductID", "ZP-99999"}, {"StoreID", "100"}}),
          -8011},
         {"an unknown store",
          soap.call("GetProductInformation", {{"ProductID", "ZP-00001"}, {"StoreID", "MT-999"}}),
@@ -247,7 +247,7 @@ TEST_F(DemoMarketplace, productInformationGroupsItsFieldsAndGivesAStoresOwnValue
 {
     // A T-shirt: characteristic fields, the price block, and Color and Talla as variants.
     const MarketplaceReply shirt =
-        soap.call("GetProductInformation", {{"ProductID", "ZP-00200"}, {"StoreID", "MT-100"}});
+        soap.call("GetProductInformation", {{"ProductID", "ZP-00200"}, {"StoreID", "100"}});
     ASSERT_EQ(shirt.code(), 0) << shirt.text;
     EXPECT_EQ(shirt.values("//Product/@Definition"), std::vector<std::string>{"pdVariantProduct"});
     for (const std::string &id : shirt.values("//Product/Field/@fieldID")) {
@@ -261,13 +261,13 @@ TEST_F(DemoMarketplace, productInformationGroupsItsFieldsAndGivesAStoresOwnValue
     EXPECT_EQ(shirt.values("//Property[@id='Existencia']/@type"), std::vector<std::string>{"NC"});
     EXPECT_EQ(shirt.values("//Product/Field[@fieldID='ERPID']").size(), 1u);
 
-    // An appliance MT-100 publishes: its price there, none in another store.
+    // An appliance 100 publishes: its price there, none in another store.
     const auto price = [this](const char *store) {
         return soap.call("GetProductInformation", {{"ProductID", "ZP-00150"}, {"StoreID", store}})
             .values("//Product/Field[@fieldID='Cy_List_Price']")[0];
     };
-    EXPECT_EQ(price("MT-100"), "34990.00");
-    EXPECT_EQ(price("MT-300"), "");
+    EXPECT_EQ(price("100"), "34990.00");
+    EXPECT_EQ(price("300"), "");
 }
 
 TEST_F(DemoMarketplace, requestsForNewCategoriesAndProductsAreRecordedAsReceived)
@@ -277,7 +277,7 @@ TEST_F(DemoMarketplace, requestsForNewCategoriesAndProductsAreRecordedAsReceived
         "<Product Definition='pdLibro'><Field fieldID='Name'><![CDATA[Poemas del salar]]></Field>"
         "</Product><ImageType>JPG</ImageType><Image xmlns:dt='urn:schemas-microsoft-com:datatypes'"
         " dt:dt='bin.base64'>R0lGODlh</Image></RequestNewProduct>";
-    const std::string definition = "<RequestNewProductDef><StoreID>MT-100</StoreID>"
+    const std::string definition = "<RequestNewProductDef><StoreID>100</StoreID>"
                                    "<Name>Hamaca paraguaya</Name><Fields/></RequestNewProductDef>";
     struct Case
     {
@@ -288,30 +288,30 @@ TEST_F(DemoMarketplace, requestsForNewCategoriesAndProductsAreRecordedAsReceived
     const std::vector<Case> table{
         {"a new category",
          soap.call("RequestNewCategory",
-                   {{"StoreID", "MT-100"}, {"CategoryID", "ZC-500"}, {"CategoryName", "Cómics"}}),
+                   {{"StoreID", "100"}, {"CategoryID", "ZC-500"}, {"CategoryName", "Cómics"}}),
          0},
         {"a product from a template",
          soap.call("RequestNewProduct",
-                   {{"StoreID", "MT-100"}, {"CategoryID", "ZC-510"}, {"RequestXML", product}}),
+                   {{"StoreID", "100"}, {"CategoryID", "ZC-510"}, {"RequestXML", product}}),
          0},
         {"a product of a new kind, under a category not approved yet",
          soap.call("RequestNewProductDef",
-                   {{"StoreID", "MT-100"}, {"CategoryID", ""}, {"RequestXML", definition}}),
+                   {{"StoreID", "100"}, {"CategoryID", ""}, {"RequestXML", definition}}),
          0},
         {"a product from an unknown template",
          soap.call("RequestNewProduct",
-                   {{"StoreID", "MT-100"},
+                   {{"StoreID", "100"},
                     {"CategoryID", "ZC-510"},
                     {"RequestXML", "<RequestNewProduct><Product Definition='pdNada'/>"
                                    "</RequestNewProduct>"}}),
          -8505},
         {"a request document that does not parse",
          soap.call("RequestNewProductDef",
-                   {{"StoreID", "MT-100"}, {"CategoryID", "ZC-510"}, {"RequestXML", "<Req"}}),
+                   {{"StoreID", "100"}, {"CategoryID", "ZC-510"}, {"RequestXML", "<Req"}}),
          -8500},
         {"a category without name",
          soap.call("RequestNewCategory",
-                   {{"StoreID", "MT-100"}, {"CategoryID", "ZC-500"}, {"CategoryName", ""}}),
+                   {{"StoreID", "100"}, {"CategoryID", "ZC-500"}, {"CategoryName", ""}}),
          -8500},
         {"a request for a store that does not exist",
          soap.call("RequestNewCategory",

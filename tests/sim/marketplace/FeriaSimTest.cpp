@@ -123,7 +123,7 @@ TEST(FeriaSimTest, withAStateFileWhatWasReceivedOutlivesARestart)
     EXPECT_EQ(
         SoapTestClient(sim->url())
             .call("RequestNewCategory",
-                  {{"StoreID", "MT-100"}, {"CategoryID", "ZC-1"}, {"CategoryName", "Jardín"}})
+                  {{"StoreID", "100"}, {"CategoryID", "ZC-1"}, {"CategoryName", "Jardín"}})
             .code(),
         0);
     sim->restart();

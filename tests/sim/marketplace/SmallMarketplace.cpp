@@ -23,17 +23,17 @@ std::string smallMarketplace(const std::string &faults, int batchLimit)
 <Marketplace>
  <Sellers>
   <Seller id="V1042" clientNumber="4711" license="NUB-LIC-2026-0042" clientKey2="QK-7F3A9C">
-   <Store id="MT-100" plan="300" maxProducts="3" status="A">
+   <Store id="100" plan="300" maxProducts="3" status="A">
     <Name>Andina Hogar</Name><Description>Todo para la casa</Description>
     <User name="carmen" password="andina2026"/>
    </Store>
-   <Store id="MT-200" plan="310" maxProducts="10" status="A"><Name>Andina Deportes</Name></Store>
-   <Store id="MT-300" plan="300" maxProducts="10" status="I">
+   <Store id="200" plan="310" maxProducts="10" status="A"><Name>Andina Deportes</Name></Store>
+   <Store id="300" plan="300" maxProducts="10" status="I">
     <Name>Andina Tecnología</Name><Description/>
    </Store>
   </Seller>
   <Seller id="V2001" clientNumber="5120" license="NUB-LIC-2026-0077" clientKey2="QK-1B2C3D">
-   <Store id="MT-900" plan="300" maxProducts="10" status="A">
+   <Store id="900" plan="300" maxProducts="10" status="A">
     <Name>Librería del Puerto</Name><User name="puerto" password="libros1"/>
    </Store>
   </Seller>
