@@ -1,34 +1,40 @@
 #pragma once
 
 #include "ShellTest.h"
+#include "shell/AppState.h"
 
-#include <string>
-#include <vector>
+#include <gmock/gmock.h>
 
-/// A catalogue test: the shell as the assistant runs it, with the errors of the log read back
-/// as "Error: <number> (<source>): <description>".
+using Texts = std::vector<std::string>;
+
+/// A catalogue test: the shell as the assistant runs it, with the log read back as
+/// "Error: <number> (<source>): <description>" lines.
 class CatalogueTest : public ShellTest
 {
 protected:
-    std::vector<std::string> loggedErrors() const
+    Texts loggedErrors() const
     {
-        std::vector<std::string> errors;
-        for (std::string line : logLines()) {
-            const std::size_t at = line.find("Error: ");
-            if (at == std::string::npos)
-                continue;
-            line = line.substr(at);
-            if (!line.empty() && line.back() == '"')
-                line.pop_back();
-            errors.push_back(line);
-        }
+        Texts errors;
+        for (const std::string &line : logLines())
+            errors.push_back(line.substr(line.find("Error: "), std::string::npos));
+        for (std::string &error : errors)
+            error.pop_back(); // the record's closing quote
         return errors;
     }
-    /// The only error logged; fails the test when there is not exactly one.
-    std::string loggedError() const
+    /// Forgets what was logged and shown, and lets the application run again.
+    void restart()
     {
-        const std::vector<std::string> errors = loggedErrors();
-        EXPECT_EQ(errors.size(), 1u);
-        return errors.empty() ? std::string() : errors.back();
+        std::filesystem::remove(workDir / "bitacora.log");
+        ui->clearBoxes();
+        gAppRunning = true;
     }
 };
+
+/// The ids of a collection's items, in order.
+template <class Items> Texts idsOf(const Items &items)
+{
+    Texts ids;
+    for (const auto &item : *items)
+        ids.push_back(item->id());
+    return ids;
+}
