@@ -1,8 +1,8 @@
+#include "stores/Seller.h"
+
 #include "FakeConnectors.h"
 #include "ShellTest.h"
-
 #include "shell/AppState.h"
-#include "stores/Seller.h"
 
 namespace {
 
@@ -44,8 +44,7 @@ TEST_F(SellerTest, theSessionOpensOnceWithTheClientKeys)
 {
     const std::int32_t id = gSeller->sessionId();
     EXPECT_EQ(gSeller->sessionId(), id);
-    EXPECT_EQ(backOffice->openedWith,
-              std::vector<std::string>{"NUB-LIC-2026-0042|QK-7F3A9C|4711"});
+    EXPECT_EQ(backOffice->openedWith, std::vector<std::string>{"NUB-LIC-2026-0042|QK-7F3A9C|4711"});
     EXPECT_TRUE(gSeller->isSessionStarted());
 }
 
