@@ -281,3 +281,31 @@ TEST_F(MinistoresFlowTest, backFromTheDepositPageSelectsTheMinistoreWhereTheUser
     EXPECT_EQ(wizard->currentPageKey(), "Show");
     EXPECT_EQ(selectedRow("ShowMinistores1"), "|Andina Tecnología|Activa");
 }
+
+TEST_F(MinistoresFlowTest, withEveryMinistoreLinkedNothingCanBeAssociated)
+{
+    database->execute(Sql("INSERT INTO WITIENDAS VALUES ('100', 'a', 'DV-01'), ('200', 'b', "
+                          "'DV-02'), ('300', 'c', 'DV-03')"));
+    openWizard();
+    for (const char *row : {"Depósito central", "Bodega de devoluciones"}) {
+        clickRow("ShowMinistores1", row);
+        EXPECT_FALSE(button("ShowMinistores1", "Asociar")->isEnabled()) << row;
+    }
+    QTreeWidget *view = list("ShowMinistores1");
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
+                       view->visualItemRect(view->currentItem()).center());
+    EXPECT_EQ(wizard->currentPageKey(), "Show");
+}
+
+TEST_F(MinistoresFlowTest, aRightPasswordOnTheThirdTryPerforms)
+{
+    openWizard();
+    chooseLink("Bodega de devoluciones", "Andina Hogar y Cocina");
+    willType("carmen", "equivocada");
+    willType("carmen", "otra");
+    willType("admin", "feria123");
+    click("ConfirmMinistoreAddition1", "Accept");
+
+    EXPECT_EQ(ui->boxTexts(), (std::vector<std::string>(2, "Usuario o Clave Erronea")));
+    EXPECT_THAT(links(), ElementsAre("100|Andina Hogar y Cocina|DV-04"));
+}

@@ -3,6 +3,9 @@
 #include "platform/core/RaisedError.h"
 
 #include <QHeaderView>
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
 
 KeyedListView::KeyedListView(const QStringList &headers, QWidget *parent) : QTreeWidget(parent)
 {
@@ -12,8 +15,8 @@ KeyedListView::KeyedListView(const QStringList &headers, QWidget *parent) : QTre
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
-    // Each column keeps a third of the width, whatever the window's size.
-    header()->setSectionResizeMode(QHeaderView::Stretch);
+    header()->setSectionResizeMode(QHeaderView::Fixed);
+    header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
 }
 
@@ -21,8 +24,47 @@ void KeyedListView::addRow(const std::string &key, const std::vector<std::string
 {
     auto *item = new QTreeWidgetItem(this);
     item->setData(0, Qt::UserRole, QString::fromStdString(key));
-    for (std::size_t column = 0; column < columns.size(); ++column)
-        item->setText(static_cast<int>(column), QString::fromStdString(columns[column]));
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        const QString text = QString::fromStdString(columns[column]);
+        item->setText(static_cast<int>(column), text);
+        // A text longer than its column can still be read whole.
+        item->setToolTip(static_cast<int>(column), text);
+    }
+}
+
+void KeyedListView::fitColumns()
+{
+    const int columns = columnCount();
+    if (columns == 0)
+        return;
+    const int available = viewport()->width();
+    const int third = available / columns;
+    // How much each column lacks (negative) or can spare (positive) at a third of the width.
+    std::vector<int> room;
+    int missing = 0;
+    int spare = 0;
+    for (int column = 0; column < columns; ++column) {
+        const int needed = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column));
+        room.push_back(third - needed);
+        (room.back() < 0 ? missing : spare) += std::abs(room.back());
+    }
+    // Columns with room give it, in proportion, to the columns whose texts would be cut; the
+    // last column takes what rounding left, so that together they fill the list exactly.
+    const int moved = std::min(missing, spare);
+    int used = 0;
+    for (int column = 0; column + 1 < columns; ++column) {
+        const int gap = room[static_cast<std::size_t>(column)];
+        const int width = moved == 0 ? third : third - gap * moved / (gap < 0 ? missing : spare);
+        setColumnWidth(column, width);
+        used += width;
+    }
+    setColumnWidth(columns - 1, available - used);
+}
+
+void KeyedListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeWidget::resizeEvent(event);
+    fitColumns();
 }
 
 void KeyedListView::selectRow(const std::string &key)

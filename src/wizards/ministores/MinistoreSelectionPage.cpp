@@ -96,6 +96,7 @@ void MinistoreSelectionPage::Start()
             m_list->selectFirstRow();
         else
             m_list->selectRow(held);
+        m_list->fitColumns();
         m_list->setFocus();
     });
 }

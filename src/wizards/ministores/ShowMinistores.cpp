@@ -80,6 +80,7 @@ void ShowMinistores::Start()
             addFreeMinistoreRow(*ministore);
         selectOperationRow();
         enableButtons();
+        m_list->fitColumns();
         m_list->setFocus();
     });
 }
