@@ -1,35 +1,6 @@
-#include "stores/Seller.h"
+#include "StoresTest.h"
 
-#include "FakeConnectors.h"
-#include "ShellTest.h"
-#include "shell/AppState.h"
-
-namespace {
-
-class SellerTest : public ShellTest
-{
-protected:
-    void SetUp() override
-    {
-        ShellTest::SetUp();
-        erp = std::make_shared<FakeErp>();
-        backOffice = std::make_shared<FakeBackOffice>();
-        setErpLibrary(erp);
-        setBackOfficeLibrary(backOffice);
-        gSeller.reset();
-    }
-    void TearDown() override
-    {
-        gSeller.reset();
-        setErpLibrary(nullptr);
-        setBackOfficeLibrary(nullptr);
-        ShellTest::TearDown();
-    }
-    std::shared_ptr<FakeErp> erp;
-    std::shared_ptr<FakeBackOffice> backOffice;
-};
-
-} // namespace
+using SellerTest = StoresTest;
 
 TEST_F(SellerTest, theClientDataComesFromTheErpAndBuildsTheConnectionString)
 {
