@@ -1,10 +1,18 @@
 #pragma once
 
 #include "gateways/BackOfficeSession.h"
+#include "shell/Collection.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+
+class VirtualDeposit;
+class ZorvantaMinistore;
+
+/// The seller's ministores and virtual deposits, each keyed by its id.
+using Ministores = Collection<std::shared_ptr<ZorvantaMinistore>>;
+using VirtualDeposits = Collection<std::shared_ptr<VirtualDeposit>>;
 
 /// The seller running the assistant: the ERP's customer, with the coordinates of its database
 /// and its session with the back office. One instance, gSeller, made at its first use.
@@ -36,10 +44,21 @@ public:
     void closeSession() override;
     bool isSessionStarted() const { return m_sessionStarted; }
 
+    /// The seller's ministores: the stores the catalogue service names, each completed by its
+    /// node of the back office's reply. Read once and kept; an empty list is read again at the
+    /// next call. Null, after reporting, on a failure; the stores read before it stay, and a
+    /// later call gives them back.
+    std::shared_ptr<Ministores> ministores();
+    /// The first page (50) of the ERP's virtual deposits, each with the ministore it feeds.
+    /// Read once and kept like ministores; null, after reporting, on a failure.
+    std::shared_ptr<VirtualDeposits> virtualDeposits();
+
 private:
     void GetClientInfo();
 
     std::int32_t m_classDebugId;
+    std::shared_ptr<Ministores> m_ministores;
+    std::shared_ptr<VirtualDeposits> m_virtualDeposits;
     std::string m_license;
     std::string m_clientKey2;
     std::int32_t m_clientNumber = 0;

@@ -1,5 +1,4 @@
-#include "Sandbox.h"
-#include "ShellTest.h"
+#include "AssistantSandbox.h"
 
 #include "gateways/CommerceServer.h"
 #include "gateways/QDX.h"
@@ -13,24 +12,9 @@ namespace {
 /// The gateways against the real simulator and the real connector libraries. The same tests run
 /// against the demo marketplace and, with CUT_REPLY, against one whose limits reply is longer
 /// than any caller's buffer.
-class GatewaysSandboxTest : public ShellTest
+class GatewaysSandboxTest : public AssistantSandbox
 {
 protected:
-    void SetUp() override
-    {
-        ShellTest::SetUp();
-        useSandbox(FERIA_URL_FILE, workDir);
-        gSeller.reset();
-        setBackOfficeSession([]() -> BackOfficeSession & { return *gSeller; });
-    }
-    void TearDown() override
-    {
-        if (gSeller.exists())
-            gSeller->closeSession();
-        gSeller.reset();
-        ShellTest::TearDown();
-    }
-
     static XmlDocument parsed(const std::string &reply)
     {
         XmlDocument document;
