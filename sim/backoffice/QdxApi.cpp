@@ -1,4 +1,4 @@
-#include "backoffice/QdxApi.h"
+#include "platform/connectors/ConnectorAbi.h"
 
 #include "backoffice/BackOfficeConnection.h"
 #include "backoffice/BackOfficeProtocol.h"
@@ -7,6 +7,10 @@
 #include <cstring>
 #include <string>
 
+// The back office's three functions over HTTP to feria-sim (ASISTENTE_MARKETPLACE_URL).
+// Wrong keys or number and an unknown or lost session give -2005, closing an unknown session
+// -2004, a refused connection -2048 (BackOfficeProtocol.h has the rest). A reply longer than
+// the caller's buffer is cut at replySize - 1; on a non-zero code the reply is left as it was.
 // Nothing may leave these functions as an exception: the caller is C.
 extern "C" {
 

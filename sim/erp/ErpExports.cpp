@@ -5,7 +5,7 @@
 #include "sim/erp/CallerBuffer.h"
 #include "sim/erp/ErpReturnCode.h"
 #include "sim/erp/ErpService.h"
-#include "sim/erp/ZrvnDll.h"
+#include "platform/connectors/ConnectorAbi.h"
 
 #include <cstdio>
 #include <exception>

@@ -97,6 +97,8 @@ FeriaServer::FeriaServer(std::unique_ptr<MarketplaceData> data, std::filesystem:
             response.status = 500;
             response.set_content("Error interno del servidor", kPlain);
         });
+    // Small replies must not wait for the client's delayed acknowledgement.
+    m_server.set_tcp_nodelay(true);
 }
 
 int FeriaServer::bind(int port)

@@ -22,6 +22,7 @@ void applyDatabaseFailureRule(Connection &connection, const std::string &source)
     const auto first = std::find_if_not(errors.begin(), errors.end(), isInformational);
     if (first == errors.end())
         return;
-    rewriteCurrentError(kDatabaseFailure, source, "Error en la base de datos " + first->description);
+    rewriteCurrentError(kDatabaseFailure, source,
+                        "Error en la base de datos " + first->description);
     connection.close();
 }

@@ -14,8 +14,8 @@ std::string signedDecimal(std::int32_t number)
 std::int16_t toInt16(double value)
 {
     const double rounded = std::nearbyint(value);
-    if (!(rounded >= std::numeric_limits<std::int16_t>::min()
-          && rounded <= std::numeric_limits<std::int16_t>::max()))
+    if (!(rounded >= std::numeric_limits<std::int16_t>::min() &&
+          rounded <= std::numeric_limits<std::int16_t>::max()))
         raiseRuntimeError(RuntimeErrorNumber::Overflow);
     return static_cast<std::int16_t>(rounded);
 }

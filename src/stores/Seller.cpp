@@ -35,8 +35,8 @@ Seller::~Seller()
 
 std::string Seller::connectionString() const
 {
-    return "Driver={SQL Server};Server=" + m_server + ";Uid=" + m_user + ";Pwd=" + m_password
-           + ";Database=" + m_database;
+    return "Driver={SQL Server};Server=" + m_server + ";Uid=" + m_user + ";Pwd=" + m_password +
+           ";Database=" + m_database;
 }
 
 void Seller::GetClientInfo()
@@ -54,7 +54,8 @@ void Seller::GetClientInfo()
             erp.ObtenerIDCliente(&m_clientNumber, license.data(), clientKey2.data(), id.data());
         if (code != 0)
             raiseError(-11001,
-                       "APIDovel.ObtenerIDCliente falló con código de error " + std::to_string(code),
+                       "APIDovel.ObtenerIDCliente falló con código de error " +
+                           std::to_string(code),
                        "Seller:GetClientInfo");
         code = erp.ObtenerDataBase(server.data(), database.data(), user.data(), password.data());
         if (code != 0)
@@ -85,8 +86,8 @@ std::int32_t Seller::sessionId()
                        "Seller:sessionId");
         if (code != 0)
             raiseError(code,
-                       "Error llamando a QDX en IniciarSesion: " + std::to_string(code) + " "
-                           + QDXGetErrorMsg(code),
+                       "Error llamando a QDX en IniciarSesion: " + std::to_string(code) + " " +
+                           QDXGetErrorMsg(code),
                        "Seller:sessionId");
         m_sessionStarted = true;
         return m_sessionId;
@@ -101,8 +102,8 @@ void Seller::closeSession()
         const std::int32_t code = backOfficeLibrary().CerrarSesionW(m_sessionId);
         if (code != 0)
             raiseError(-11002,
-                       "Error llamando a QDX en CerrarSesion: " + std::to_string(code) + ":"
-                           + QDXGetErrorMsg(code),
+                       "Error llamando a QDX en CerrarSesion: " + std::to_string(code) + ":" +
+                           QDXGetErrorMsg(code),
                        "Seller:closeSession");
         m_sessionStarted = false;
     });
@@ -121,12 +122,14 @@ std::shared_ptr<Ministores> Seller::ministores()
         if (!storeReply.loadXML(storeText))
             raiseError(-10503,
                        "El XML retornado por CommerceServerStoreAPI.GetSellerInformation está mal "
-                       "construido: " + storeText,
+                       "construido: " +
+                           storeText,
                        source);
         if (Commerce_IsError(storeReply))
             raiseError(-11003, Commerce_ErrorDescription(storeReply),
                        "Seller:Get ministores CommerceServerStoreAPI.GetSellerInformation retornó "
-                       "con error: " + std::to_string(Commerce_ErrorNumber(storeReply)));
+                       "con error: " +
+                           std::to_string(Commerce_ErrorNumber(storeReply)));
         storeReply.setProperty("SelectionLanguage", "XPath");
 
         XmlDocument request;
@@ -141,21 +144,21 @@ std::shared_ptr<Ministores> Seller::ministores()
 
         std::string backOfficeText(static_cast<std::size_t>(kQdxReplySize), '\0');
         const std::int32_t session = sessionId();
-        const std::int32_t code = EjecutarOperacion(QdxOperation::ObtenerInformacionMinitiendas,
-                                                    session, request.xml(), backOfficeText,
-                                                    kQdxReplySize);
+        const std::int32_t code =
+            EjecutarOperacion(QdxOperation::ObtenerInformacionMinitiendas, session, request.xml(),
+                              backOfficeText, kQdxReplySize);
         if (code != 0)
             raiseError(code,
                        "Error llamando a QDX en EjecutarOperacion "
-                       "QDX_Obtener_Informacion_Minitiendas : "
-                           + std::to_string(code) + ":" + QDXGetErrorMsg(code),
+                       "QDX_Obtener_Informacion_Minitiendas : " +
+                           std::to_string(code) + ":" + QDXGetErrorMsg(code),
                        source);
         XmlDocument backOfficeReply;
         if (!backOfficeReply.loadXML(backOfficeText))
             raiseError(-10502,
                        "El XML retornado por el QDX en EjecutarOperacion "
-                       "QDX_Obtener_Informacion_Minitiendas está mal construido: "
-                           + backOfficeText,
+                       "QDX_Obtener_Informacion_Minitiendas está mal construido: " +
+                           backOfficeText,
                        source);
         backOfficeReply.setProperty("SelectionLanguage", "XPath");
         if (isError(backOfficeReply))
@@ -168,7 +171,8 @@ std::shared_ptr<Ministores> Seller::ministores()
             if (ids.length() == 0)
                 raiseError(-10503,
                            "El XML retornado por CommerceServerStoreAPI.GetSellerInformation no "
-                           "tiene etiqueta StoreID: " + storeReply.xml(),
+                           "tiene etiqueta StoreID: " +
+                               storeReply.xml(),
                            source);
             const std::string storeId = ids.item(0).text();
             const XmlNodeList details =
@@ -177,7 +181,8 @@ std::shared_ptr<Ministores> Seller::ministores()
                 raiseError(-11002,
                            "No se encontró en el XML retornado por "
                            "EjecutarOperacion.QDX_Obtener_Informacion_Minitiendas la información "
-                           "de la tienda " + storeId + ": " + backOfficeText,
+                           "de la tienda " +
+                               storeId + ": " + backOfficeText,
                            source);
             auto ministore = std::make_shared<ZorvantaMinistore>();
             ministore->setXml(store, details.item(0));
@@ -207,7 +212,8 @@ std::shared_ptr<VirtualDeposits> Seller::virtualDeposits()
         if (!document.loadXML(reply.text()))
             raiseError(-10500,
                        "El XML retornado por APIDovel.ListarDepositosVirtuales está mal "
-                       "construido: " + reply.text(),
+                       "construido: " +
+                           reply.text(),
                        "Seller:Get virtualDeposits");
         for (const XmlNode &node : document.documentElement().childNodes()) {
             auto deposit = std::make_shared<VirtualDeposit>();

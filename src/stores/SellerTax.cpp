@@ -34,11 +34,12 @@ void SellerTax::setXml(const XmlNode &node)
         if (auto type = reader.optional(node, "descendant:: TipoImpuesto",
                                         kTaxReply + "valor para el TipoImpuesto: "))
             m_taxType = *type;
-        m_quantity = reader.required(node, "descendant:: Cantidad", kTaxReply + "etiqueta Cantidad: ",
-                                     kTaxReply + "valor para Cantidad: ");
-        m_amountType = toInt16(reader.required(node, "descendant:: TipoMonto",
-                                               kTaxReply + "etiqueta TipoMonto: ",
-                                               kTaxReply + "valor para TipoMonto: "));
+        m_quantity =
+            reader.required(node, "descendant:: Cantidad",
+                            kTaxReply + "etiqueta Cantidad: ", kTaxReply + "valor para Cantidad: ");
+        m_amountType = toInt16(reader.required(
+            node, "descendant:: TipoMonto",
+            kTaxReply + "etiqueta TipoMonto: ", kTaxReply + "valor para TipoMonto: "));
     });
 }
 

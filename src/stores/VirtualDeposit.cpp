@@ -13,7 +13,8 @@
 
 namespace {
 
-const std::string kDepositsReply = "El XML retornado por APIDovel.ListarDepositosVirtuales no tiene ";
+const std::string kDepositsReply =
+    "El XML retornado por APIDovel.ListarDepositosVirtuales no tiene ";
 // The width of WITIENDAS.Descrip.
 constexpr int kStoredNameLength = 40;
 
@@ -53,9 +54,9 @@ void VirtualDeposit::setXml(const XmlNode &node)
             reader.raise(kDepositsReply + "el atributo Codigo para el depósito virtual: ");
         m_id = *code;
         // The ERP's selections carry a blank after the axis, and are sent so.
-        m_description = reader.required(node, "descendant:: Descripcion",
-                                        kDepositsReply + "etiqueta Descripcion: ",
-                                        kDepositsReply + "valor para Descripcion: ");
+        m_description = reader.required(
+            node, "descendant:: Descripcion",
+            kDepositsReply + "etiqueta Descripcion: ", kDepositsReply + "valor para Descripcion: ");
         const XmlNodeList address = node.selectNodes("descendant:: DireccionFisica");
         if (address.length() > 0 && address.item(0).firstChild())
             m_address = address.item(0).firstChild().nodeValue();
@@ -75,9 +76,9 @@ void VirtualDeposit::setXml(const XmlNode &node)
         }
         if (!m_ministore)
             raiseError(-11004,
-                       "La información de la minitienda " + ministoreId
-                           + " para el depósito virtual " + m_id
-                           + " no fue retornada en la llamada a sorvek",
+                       "La información de la minitienda " + ministoreId +
+                           " para el depósito virtual " + m_id +
+                           " no fue retornada en la llamada a sorvek",
                        "VirtualDeposit:Let xml");
     });
 }
@@ -97,8 +98,9 @@ void VirtualDeposit::CreateAssociation()
                 raiseError(-10002, "Existe una asociación a la minitienda " + ministore.id(),
                            source);
             }
-            if (anyCounted(connection, Sql() << "SELECT count(*) FROM WITIENDAS where IDDepoVDOVEL ='"
-                                             << sqlText(m_id) << "'")) {
+            if (anyCounted(connection, Sql()
+                                           << "SELECT count(*) FROM WITIENDAS where IDDepoVDOVEL ='"
+                                           << sqlText(m_id) << "'")) {
                 connection.close();
                 raiseError(-10003, "Existe una asociación al depósito virtual " + m_id, source);
             }
@@ -125,13 +127,13 @@ void VirtualDeposit::RemoveAssociation()
                 connection.close();
                 raiseError(-10004,
                            "No se puede remover la asociación al depósito virtual porque existen "
-                           "productos publicados en la minitienda asociada: "
-                               + ministore.name(),
+                           "productos publicados en la minitienda asociada: " +
+                               ministore.name(),
                            "VirtualDeposit:RemoveAssociation");
             }
-            connection.execute(Sql() << "DELETE WITIENDAS WHERE IdTienda = '"
-                                     << sqlText(ministore.id()) << "' AND IdDepoVDOVEL ='"
-                                     << sqlText(m_id) << "'");
+            connection.execute(Sql()
+                               << "DELETE WITIENDAS WHERE IdTienda = '" << sqlText(ministore.id())
+                               << "' AND IdDepoVDOVEL ='" << sqlText(m_id) << "'");
             connection.close();
             m_ministore = nullptr;
         },

@@ -77,9 +77,9 @@ std::int16_t ZorvantaMinistore::totalPublishedBySeller() const
         "ZorvantaMinistore:Get Property totalPublishedBySeller",
         [&] {
             connection.open(gSeller->connectionString(), 15);
-            const std::int16_t published = countOf(
-                connection,
-                Sql() << "SELECT count(*) FROM WIPRODPUBL where IdTienda ='" << sqlText(m_id) << "'");
+            const std::int16_t published =
+                countOf(connection, Sql() << "SELECT count(*) FROM WIPRODPUBL where IdTienda ='"
+                                          << sqlText(m_id) << "'");
             const std::int16_t withdrawing =
                 countOf(connection, Sql() << "SELECT count(*) FROM WIPRODPEND where IdTienda ='"
                                           << sqlText(m_id) << "' AND Estado = 'E'");
@@ -100,18 +100,20 @@ bool ZorvantaMinistore::validateUser()
         root.appendChild(request.createElement("Store")).setAttribute("StoreID", m_id);
 
         std::string reply(static_cast<std::size_t>(kQdxReplySize), '\0');
-        const std::int32_t code = EjecutarOperacion(
-            QdxOperation::ValidarUsuario, gSeller->sessionId(), request.xml(), reply, kQdxReplySize);
+        const std::int32_t code =
+            EjecutarOperacion(QdxOperation::ValidarUsuario, gSeller->sessionId(), request.xml(),
+                              reply, kQdxReplySize);
         if (code != 0)
             raiseError(code,
-                       "Error llamando a QDX.dll en EjecutarOperacion QDX_Validar_Usuario: "
-                           + signedDecimal(code) + ":" + QDXGetErrorMsg(code),
+                       "Error llamando a QDX.dll en EjecutarOperacion QDX_Validar_Usuario: " +
+                           signedDecimal(code) + ":" + QDXGetErrorMsg(code),
                        source);
         XmlDocument answer;
         if (!answer.loadXML(reply))
             raiseError(-10502,
                        "El XML retornado por EjecutarOperacion (ValidarUsuario) está mal "
-                       "construido: " + reply,
+                       "construido: " +
+                           reply,
                        source);
         if (!Commerce_IsResult(answer))
             raiseError(-10502,
@@ -137,16 +139,16 @@ std::shared_ptr<SellerTaxes> ZorvantaMinistore::getTaxesFromSeller()
         const std::int32_t code = erpLibrary().ObtenerImpuestos(buffer.data());
         if (code != 0)
             raiseError(-11001,
-                       "La función APIDovel.ObtenerImpuestos retornó con error "
-                           + std::to_string(code),
+                       "La función APIDovel.ObtenerImpuestos retornó con error " +
+                           std::to_string(code),
                        source);
         const std::string reply = buffer.text();
         XmlDocument document;
         document.setProperty("SelectionLanguage", "XPath");
         if (!document.loadXML(reply))
             raiseError(-10500,
-                       "El XML retornado por APIDovel.ObtenerImpuestos está mal construido: "
-                           + reply,
+                       "El XML retornado por APIDovel.ObtenerImpuestos está mal construido: " +
+                           reply,
                        source);
         m_taxes = std::make_shared<SellerTaxes>();
         for (const XmlNode &node : document.selectNodes("descendant-or-self::Impuesto")) {
@@ -185,18 +187,20 @@ bool ZorvantaMinistore::setTaxesInZorvanta()
         const std::string requestText = request.xml();
         std::string reply(static_cast<std::size_t>(kQdxReplySize), '\0');
         const std::int32_t code =
-            EjecutarOperacion(QdxOperation::SincronizarImpuestos, gSeller->sessionId(),
-                              requestText, reply, kQdxReplySize);
+            EjecutarOperacion(QdxOperation::SincronizarImpuestos, gSeller->sessionId(), requestText,
+                              reply, kQdxReplySize);
         if (code != 0)
-            raiseError(code,
-                       "Error llamando a QDX.dll en EjecutarOperacion QDX_Sincronizar_Impuestos : "
-                           + signedDecimal(code) + ":" + QDXGetErrorMsg(code),
-                       source);
+            raiseError(
+                code,
+                "Error llamando a QDX.dll en EjecutarOperacion QDX_Sincronizar_Impuestos : " +
+                    signedDecimal(code) + ":" + QDXGetErrorMsg(code),
+                source);
         XmlDocument answer;
         if (!answer.loadXML(reply))
             raiseError(-10502,
                        "XML de retorno de QDX.dll en EjecutarOperacion QDX_Sincronizar_Impuestos "
-                       "está mal construído " + reply,
+                       "está mal construído " +
+                           reply,
                        source + " ");
         if (Commerce_IsError(answer))
             raiseError(Commerce_ErrorNumber(answer), Commerce_ErrorDescription(answer), source);

@@ -1,35 +1,6 @@
-#include "FakeConnectors.h"
-#include "ShellTest.h"
+#include "StoresTest.h"
 
-#include "shell/AppState.h"
-#include "stores/Seller.h"
-
-namespace {
-
-class SellerTest : public ShellTest
-{
-protected:
-    void SetUp() override
-    {
-        ShellTest::SetUp();
-        erp = std::make_shared<FakeErp>();
-        backOffice = std::make_shared<FakeBackOffice>();
-        setErpLibrary(erp);
-        setBackOfficeLibrary(backOffice);
-        gSeller.reset();
-    }
-    void TearDown() override
-    {
-        gSeller.reset();
-        setErpLibrary(nullptr);
-        setBackOfficeLibrary(nullptr);
-        ShellTest::TearDown();
-    }
-    std::shared_ptr<FakeErp> erp;
-    std::shared_ptr<FakeBackOffice> backOffice;
-};
-
-} // namespace
+using SellerTest = StoresTest;
 
 TEST_F(SellerTest, theClientDataComesFromTheErpAndBuildsTheConnectionString)
 {
@@ -44,8 +15,7 @@ TEST_F(SellerTest, theSessionOpensOnceWithTheClientKeys)
 {
     const std::int32_t id = gSeller->sessionId();
     EXPECT_EQ(gSeller->sessionId(), id);
-    EXPECT_EQ(backOffice->openedWith,
-              std::vector<std::string>{"NUB-LIC-2026-0042|QK-7F3A9C|4711"});
+    EXPECT_EQ(backOffice->openedWith, std::vector<std::string>{"NUB-LIC-2026-0042|QK-7F3A9C|4711"});
     EXPECT_TRUE(gSeller->isSessionStarted());
 }
 

@@ -4,7 +4,6 @@
 #include "FakeStoreService.h"
 #include "SellerDatabaseSandbox.h"
 #include "ShellTest.h"
-
 #include "gateways/CommerceServer.h"
 #include "shell/AppState.h"
 #include "stores/Seller.h"
@@ -41,26 +40,28 @@ protected:
     /// The two replies that describe the demo's stores 100 and 200, each store as given.
     void answerStores(const std::string &storeNodes, const std::string &backOfficeNodes)
     {
-        store.answer("<GetSellerInformation>" + kSuccess + "<SellerID>V1042</SellerID><Stores>"
-                     + storeNodes + "</Stores></GetSellerInformation>");
-        backOffice->queue(0, "<GetStoreInfo>" + kSuccess + "<Stores>" + backOfficeNodes
-                                 + "</Stores></GetStoreInfo>");
+        store.answer("<GetSellerInformation>" + kSuccess + "<SellerID>V1042</SellerID><Stores>" +
+                     storeNodes + "</Stores></GetSellerInformation>");
+        backOffice->queue(0, "<GetStoreInfo>" + kSuccess + "<Stores>" + backOfficeNodes +
+                                 "</Stores></GetStoreInfo>");
     }
     void answerDemoStores()
     {
-        answerStores(storeNode("100", "Andina Hogar y Cocina") + storeNode("200", "Andina Deportes"),
+        answerStores(storeNode("100", "Andina Hogar y Cocina") +
+                         storeNode("200", "Andina Deportes"),
                      backOfficeNode("100", "A") + backOfficeNode("200", "I"));
     }
     static std::string storeNode(const std::string &id, const std::string &name)
     {
-        return "<Store><StoreID>" + id + "</StoreID><Name>" + name
-               + "</Name><Description>Tienda " + id
-               + "</Description><NumberOfProducts>3</NumberOfProducts></Store>";
+        return "<Store><StoreID>" + id + "</StoreID><Name>" + name + "</Name><Description>Tienda " +
+               id + "</Description><NumberOfProducts>3</NumberOfProducts></Store>";
     }
     static std::string backOfficeNode(const std::string &id, const std::string &status)
     {
-        return "<Store StoreID=\"" + id + "\"><ProductID>300</ProductID><MaxProducts>150"
-               "</MaxProducts><Status>" + status + "</Status></Store>";
+        return "<Store StoreID=\"" + id +
+               "\"><ProductID>300</ProductID><MaxProducts>150"
+               "</MaxProducts><Status>" +
+               status + "</Status></Store>";
     }
     /// The demo's store 100, read through the seller.
     std::shared_ptr<ZorvantaMinistore> ministore100()

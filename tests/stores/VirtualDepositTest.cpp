@@ -1,6 +1,6 @@
-#include "StoresTest.h"
-
 #include "stores/VirtualDeposit.h"
+
+#include "StoresTest.h"
 #include "stores/ZorvantaMinistore.h"
 
 #include <gmock/gmock.h>
@@ -17,8 +17,8 @@ protected:
     {
         StoresTest::SetUp();
         // DV-01 free, DV-02 linked to store 200.
-        answerStores(storeNode("100", "Andina Hogar y Cocina, Muebles y Decoración")
-                         + storeNode("200", "Andina Deportes"),
+        answerStores(storeNode("100", "Andina Hogar y Cocina, Muebles y Decoración") +
+                         storeNode("200", "Andina Deportes"),
                      backOfficeNode("100", "A") + backOfficeNode("200", "A"));
         erp->depositsReply = "<L><D Codigo='DV-01'><Descripcion>Central</Descripcion></D>"
                              "<D Codigo='DV-02'><Descripcion>Tienda</Descripcion>"
@@ -59,48 +59,20 @@ TEST_F(VirtualDepositTest, aLinkedMinistoreIsRefusedBeforeTheDepositIsChecked)
     EXPECT_TRUE(gAppRunning);
 }
 
-TEST_F(VirtualDepositTest, aLinkedDepositIsRefused)
-{
-    database->execute(Sql("UPDATE WITIENDAS SET IDDepoVDOVEL = 'DV-01' WHERE IdTienda = '200'"));
-    free->CreateAssociation();
-    EXPECT_EQ(ui->boxTexts(), std::vector<std::string>{
-                                  "Error: -10003: Existe una asociación al depósito virtual DV-01"});
-}
-
-TEST_F(VirtualDepositTest, unlinkingDeletesTheRowAndForgetsTheMinistoreDespitePendingRows)
-{
-    database->execute(Sql("INSERT INTO WIPRODPEND (IdPrdPublicado, IdPrdAsociado, IdTienda, "
-                          "Estado) VALUES (1, 1, '200', 'I')"));
-    linked->RemoveAssociation();
-    EXPECT_TRUE(links().empty());
-    EXPECT_EQ(linked->ministore(), nullptr);
-}
-
-TEST_F(VirtualDepositTest, aMinistoreWithPublicationsKeepsItsLink)
-{
-    database->execute(Sql("INSERT INTO WIPRODPUBL (IdPrdAsociado, IdTienda, Estado) "
-                          "VALUES (1, '200', 'K')"));
-    linked->RemoveAssociation();
-    EXPECT_EQ(ui->boxTexts(),
-              std::vector<std::string>{
-                  "Error: -10004: No se puede remover la asociación al depósito virtual porque "
-                  "existen productos publicados en la minitienda asociada: Andina Deportes"});
-    EXPECT_THAT(links(), ElementsAre("200|Andina Deportes|DV-02"));
-    EXPECT_NE(linked->ministore(), nullptr);
-}
-
-TEST_F(VirtualDepositTest, aDatabaseFailureIsFatalUnderTheMethodsName)
+TEST_F(VirtualDepositTest, aDatabaseFailureIsFatalUnderTheProceduresName)
 {
     const std::pair<std::function<void()>, const char *> calls[] = {
         {[&] { free->CreateAssociation(); }, "(VirtualDeposit:CreateAssociation:)"},
         {[&] { linked->RemoveAssociation(); }, "(VirtualDeposit:RemoveAssociation:)"},
+        {[&] { free->ministore()->totalPublishedBySeller(); },
+         "(ZorvantaMinistore:totalPublishedBySeller)"},
     };
     database.reset();
     for (const auto &[call, source] : calls) {
         gAppRunning = true;
         call();
-        EXPECT_THAT(logLines().back(),
-                    HasSubstr(std::string("Error: -11000 ") + source + ": Error en la base de datos"));
-        EXPECT_EQ(ui->boxTexts().back(), "La aplicación será cerrada");
+        EXPECT_THAT(logLines().back(), HasSubstr(std::string("Error: -11000 ") + source +
+                                                 ": Error en la base de datos"));
+        EXPECT_EQ(ui->boxTexts().end()[-2], kDatabaseBox);
     }
 }

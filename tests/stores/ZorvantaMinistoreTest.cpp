@@ -1,29 +1,14 @@
-#include "StoresTest.h"
+#include "stores/ZorvantaMinistore.h"
 
+#include "StoresTest.h"
 #include "platform/xml/XmlDocument.h"
 #include "stores/SellerTax.h"
-#include "stores/ZorvantaMinistore.h"
 
 #include <gmock/gmock.h>
 
-using testing::HasSubstr;
-
 namespace {
 
-class ZorvantaMinistoreTest : public StoresTest
-{
-protected:
-    void publish(const std::string &storeId, const std::string &pendingState = {})
-    {
-        database->execute(Sql() << "INSERT INTO WIPRODPUBL (IdPrdAsociado, IdTienda, Estado) "
-                                   "VALUES (1, '" << sqlText(storeId) << "', 'K')");
-        if (!pendingState.empty())
-            database->execute(Sql() << "INSERT INTO WIPRODPEND (IdPrdPublicado, IdPrdAsociado, "
-                                       "IdTienda, Estado) VALUES (1, 1, '"
-                                    << sqlText(storeId) << "', '" << sqlText(pendingState) << "')");
-    }
-    const FakeBackOffice::Call &lastCall() const { return backOffice->calls.back(); }
-};
+using ZorvantaMinistoreTest = StoresTest;
 
 XmlNode rootOf(const std::string &text)
 {
@@ -32,36 +17,48 @@ XmlNode rootOf(const std::string &text)
     return document.documentElement();
 }
 
+const std::string kBackOfficeNode =
+    "<Store><ProductID>310</ProductID><MaxProducts>500</MaxProducts><Status>A</Status></Store>";
+
 struct FillingCase
 {
     const char *situation;
     const char *storeNode;
-    const char *backOfficeNode;
     const char *expected; // id|name|Description|published|plan|limit|status
 };
 
 const FillingCase kFillingCases[] = {
-    {"a complete pair of nodes fills everything",
-     "<Store><StoreID>100</StoreID><Name>Andina</Name><Description>Casa</Description>"
-     "<NumberOfProducts>3</NumberOfProducts></Store>",
-     "<Store><ProductID>300</ProductID><MaxProducts>150</MaxProducts><Status>A</Status></Store>",
-     "100|Andina|Casa|3|300|150|A"},
+    {"a complete node fills everything",
+     "<Store><StoreID>300</StoreID><Name>Tecno</Name><Description>Casa</Description>"
+     "<NumberOfProducts>2</NumberOfProducts></Store>",
+     "300|Tecno|Casa|2|310|500|A"},
     {"an empty Description gives an empty text and the count is still read",
      "<Store><StoreID>300</StoreID><Name>Tecno</Name><Description/>"
-     "<NumberOfProducts>0</NumberOfProducts></Store>",
-     "<Store><ProductID>310</ProductID><MaxProducts>500</MaxProducts><Status>A</Status></Store>",
-     "300|Tecno||0|310|500|A"},
-    {"a missing Description is no failure",
-     "<Store><StoreID>300</StoreID><Name>Tecno</Name><NumberOfProducts>2</NumberOfProducts></Store>",
-     "<Store><ProductID>310</ProductID><MaxProducts>500</MaxProducts><Status>A</Status></Store>",
+     "<NumberOfProducts>2</NumberOfProducts></Store>",
      "300|Tecno||2|310|500|A"},
-    {"an empty Name stops the filling after the id",
-     "<Store><StoreID>100</StoreID><Name/><NumberOfProducts>3</NumberOfProducts></Store>",
-     "<Store><ProductID>300</ProductID><MaxProducts>150</MaxProducts><Status>A</Status></Store>",
-     "100|||0|0|0|"},
-    {"a back-office node without MaxProducts leaves the store inactive",
-     "<Store><StoreID>100</StoreID><Name>Andina</Name><NumberOfProducts>3</NumberOfProducts></Store>",
-     "<Store><ProductID>300</ProductID><Status>A</Status></Store>", "100|Andina||3|0|0|"},
+    {"an empty Name stops the filling after the id, silently",
+     "<Store><StoreID>300</StoreID><Name/><NumberOfProducts>2</NumberOfProducts></Store>",
+     "300|||0|0|0|"},
+};
+
+struct TaxCase
+{
+    const char *situation;
+    const char *taxes;
+    const char *wire;
+};
+
+const TaxCase kTaxCases[] = {
+    {"a seller with no taxes sends an empty list", "", "<Taxes/>"},
+    {"a general tax carries its amount here",
+     "<Impuesto CodigoImpuesto='IVA'><Cantidad>16"
+     "</Cantidad><TipoMonto>0</TipoMonto></Impuesto>",
+     "<Taxes><Tax><TaxID>IVA</TaxID><AmountType>1</AmountType><Amount>16</Amount></Tax></Taxes>"},
+    {"a percentage is amount type 2",
+     "<Impuesto CodigoImpuesto='ECO'><TipoImpuesto>L"
+     "</TipoImpuesto><Cantidad>1.50</Cantidad><TipoMonto>1</TipoMonto></Impuesto>",
+     "<Taxes><Tax><TaxID>ECO</TaxID><AmountType>2</AmountType><Amount>1.50</Amount></Tax>"
+     "</Taxes>"},
 };
 
 } // namespace
@@ -69,14 +66,14 @@ const FillingCase kFillingCases[] = {
 TEST_F(ZorvantaMinistoreTest, fillingFromTheTwoNodesNeverReports)
 {
     for (const FillingCase &row : kFillingCases) {
-        ZorvantaMinistore ministore;
-        ministore.setXml(rootOf(row.storeNode), rootOf(row.backOfficeNode));
-        const std::string filled =
-            ministore.id() + "|" + ministore.name() + "|" + ministore.Description() + "|"
-            + std::to_string(ministore.totalPublishedProducts()) + "|"
-            + std::to_string(ministore.productId()) + "|"
-            + std::to_string(ministore.maxPublishedProducts()) + "|" + ministore.status();
-        EXPECT_EQ(filled, row.expected) << row.situation;
+        ZorvantaMinistore m;
+        m.setXml(rootOf(row.storeNode), rootOf(kBackOfficeNode));
+        EXPECT_EQ(m.id() + "|" + m.name() + "|" + m.Description() + "|" +
+                      std::to_string(m.totalPublishedProducts()) + "|" +
+                      std::to_string(m.productId()) + "|" +
+                      std::to_string(m.maxPublishedProducts()) + "|" + m.status(),
+                  row.expected)
+            << row.situation;
     }
     EXPECT_TRUE(ui->boxes().empty());
     EXPECT_TRUE(logLines().empty());
@@ -85,111 +82,60 @@ TEST_F(ZorvantaMinistoreTest, fillingFromTheTwoNodesNeverReports)
 TEST_F(ZorvantaMinistoreTest, aPublicationWaitingForWithdrawalDoesNotCount)
 {
     const auto ministore = ministore100();
-    publish("100", "E");
+    database->execute(Sql("INSERT INTO WIPRODPUBL (IdPrdAsociado, IdTienda, Estado) "
+                          "VALUES (1, '100', 'K')"));
+    database->execute(Sql("INSERT INTO WIPRODPEND (IdPrdPublicado, IdPrdAsociado, IdTienda, "
+                          "Estado) VALUES (1, 1, '100', 'E')"));
     EXPECT_EQ(ministore->totalPublishedBySeller(), 0);
-    publish("100", "I");
-    publish("200");
-    EXPECT_EQ(ministore->totalPublishedBySeller(), 1);
     EXPECT_EQ(ministore->totalPublishedProducts(), 3);
-}
-
-TEST_F(ZorvantaMinistoreTest, anUnreachableDatabaseIsFatalWithTheDatabaseText)
-{
-    const auto ministore = ministore100();
-    database.reset();
-    EXPECT_EQ(ministore->totalPublishedBySeller(), 0);
-    EXPECT_EQ(ui->boxTexts(),
-              (std::vector<std::string>{kDatabaseBox, "La aplicación será cerrada"}));
-    EXPECT_THAT(logLines().at(0), HasSubstr("Error: -11000 (ZorvantaMinistore:"
-                                            "totalPublishedBySeller): Error en la base de datos "));
-}
-
-TEST_F(ZorvantaMinistoreTest, theCredentialsGoToTheBackOfficeEscaped)
-{
-    const auto ministore = ministore100();
-    ministore->setUsername("carmen");
-    ministore->setPassword("a<b&c");
-    backOffice->queue(0, "<ValidateUser>" + kSuccess + "</ValidateUser>");
-    EXPECT_TRUE(ministore->validateUser());
-    EXPECT_EQ(lastCall().operationId, 8);
-    EXPECT_EQ(lastCall().request, "<ValidateUser><UserName>carmen</UserName><Password>a&lt;b&amp;c"
-                                  "</Password><Store StoreID=\"100\"/></ValidateUser>");
 }
 
 TEST_F(ZorvantaMinistoreTest, onlyMinus8000IsARefusalOtherNumbersAreErrors)
 {
     const auto ministore = ministore100();
-    const auto refusal = [](const char *number) {
-        return std::string("<ValidateUser><RESULT><RETURNCODE>") + number
-               + "</RETURNCODE><DESCRIPTION>La tienda no es del vendedor</DESCRIPTION></RESULT>"
-                 "</ValidateUser>";
+    const auto answer = [&](const char *number) {
+        backOffice->queue(0, std::string("<ValidateUser><RESULT><RETURNCODE>") + number +
+                                 "</RETURNCODE><DESCRIPTION>No es suya</DESCRIPTION></RESULT>"
+                                 "</ValidateUser>");
     };
-    backOffice->queue(0, refusal("-8000"));
+    answer("-8000");
     EXPECT_FALSE(ministore->validateUser());
     EXPECT_TRUE(ui->boxes().empty());
-    backOffice->queue(0, refusal("-8001"));
+    answer("-8001");
     EXPECT_FALSE(ministore->validateUser());
-    EXPECT_EQ(ui->boxTexts(),
-              std::vector<std::string>{"Error: -8001: La tienda no es del vendedor"});
-    EXPECT_TRUE(gAppRunning);
+    EXPECT_EQ(ui->boxTexts(), std::vector<std::string>{"Error: -8001: No es suya"});
 }
 
-TEST_F(ZorvantaMinistoreTest, aReplyThatIsNoResultIsAnError)
+TEST_F(ZorvantaMinistoreTest, taxesGoToTheMarketplaceWithTheirAmountTypeAndAmount)
 {
-    const auto ministore = ministore100();
-    backOffice->queue(0, "<ValidateUser/>");
-    EXPECT_FALSE(ministore->validateUser());
-    EXPECT_THAT(logLines().at(0), HasSubstr("Error: -10502 (ZorvantaMinistore:ValidateUser): El XML "
-                                            "retornado por EjecutarOperacion (ValidarUsuario) no "
-                                            "es un resultado"));
+    for (const TaxCase &row : kTaxCases) {
+        gSeller.reset();
+        erp->taxesReply = std::string("<ObtenerImpuestos>") + row.taxes + "</ObtenerImpuestos>";
+        const auto ministore = ministore100();
+        backOffice->queue(0, "<SetTaxes>" + kSuccess + "<Taxes/></SetTaxes>");
+        EXPECT_TRUE(ministore->setTaxesInZorvanta()) << row.situation;
+        EXPECT_EQ(backOffice->calls.back().request,
+                  std::string("<SetTaxes><StoreID>100</StoreID><SellerID>V1042</SellerID>") +
+                      row.wire + "</SetTaxes>")
+            << row.situation;
+    }
 }
 
-TEST_F(ZorvantaMinistoreTest, taxesAreReadOnceAndSentWithTheirAmounts)
+TEST_F(ZorvantaMinistoreTest, aProductNamesEachTaxByTypeAndAmountType)
 {
-    erp->taxesReply = "<ObtenerImpuestos>"
-                      "<Impuesto CodigoImpuesto='IVA'><TipoImpuesto>G</TipoImpuesto>"
-                      "<Cantidad>16</Cantidad><TipoMonto>0</TipoMonto></Impuesto>"
-                      "<Impuesto CodigoImpuesto='ECO'><TipoImpuesto>L</TipoImpuesto>"
-                      "<Cantidad>1.50</Cantidad><TipoMonto>1</TipoMonto></Impuesto>"
-                      "</ObtenerImpuestos>";
-    const auto ministore = ministore100();
-    const auto taxes = ministore->getTaxesFromSeller();
-    ASSERT_EQ(taxes->count(), 2);
-    erp->taxesReply = "<ObtenerImpuestos/>";
-    EXPECT_EQ(ministore->getTaxesFromSeller(), taxes);
-
-    backOffice->queue(0, "<SetTaxes>" + kSuccess + "<Taxes><Tax><TaxID>IVA</TaxID><RETURNCODE>0"
-                             "</RETURNCODE><DESCRIPTION>ok</DESCRIPTION></Tax></Taxes></SetTaxes>");
-    EXPECT_TRUE(ministore->setTaxesInZorvanta());
-    EXPECT_EQ(lastCall().operationId, 16);
-    EXPECT_EQ(lastCall().request,
-              "<SetTaxes><StoreID>100</StoreID><SellerID>V1042</SellerID><Taxes>"
-              "<Tax><TaxID>IVA</TaxID><AmountType>1</AmountType><Amount>16</Amount></Tax>"
-              "<Tax><TaxID>ECO</TaxID><AmountType>2</AmountType><Amount>1.50</Amount></Tax>"
-              "</Taxes></SetTaxes>");
-}
-
-TEST_F(ZorvantaMinistoreTest, aSellerWithNoTaxesStillSendsAnEmptyList)
-{
-    erp->taxesReply = "<ObtenerImpuestos/>";
-    const auto ministore = ministore100();
-    backOffice->queue(0, "<SetTaxes>" + kSuccess + "<Taxes/></SetTaxes>");
-    EXPECT_TRUE(ministore->setTaxesInZorvanta());
-    EXPECT_THAT(lastCall().request, HasSubstr("<Taxes/>"));
-}
-
-TEST_F(ZorvantaMinistoreTest, oneRefusedTaxFailsTheWholeSending)
-{
-    erp->taxesReply = "<ObtenerImpuestos/>";
-    const auto ministore = ministore100();
-    backOffice->queue(0, "<SetTaxes>" + kSuccess + "<Taxes>"
-                             "<Tax><TaxID>IVA</TaxID><RETURNCODE>0</RETURNCODE><DESCRIPTION>ok"
-                             "</DESCRIPTION></Tax>"
-                             "<Tax><TaxID>ECO</TaxID><RETURNCODE>-8504</RETURNCODE></Tax>"
-                             "</Taxes></SetTaxes>");
-    EXPECT_FALSE(ministore->setTaxesInZorvanta());
-    EXPECT_THAT(logLines().at(0),
-                HasSubstr("Error: -8504 (ZorvantaMinistore:setTaxesInZorvanta): El XML retornado "
-                          "por QDX.dll en EjecutarOperacion QDX_Sincronizar_Impuestos dió error "
-                          "para un impuesto : <SetTaxes>"));
+    const std::pair<const char *, const char *> forms[] = {
+        {"G0", "<Tax><TaxID>T</TaxID><AmountType>0</AmountType></Tax>"},
+        {"G1", "<Tax><TaxID>T</TaxID><AmountType>0</AmountType></Tax>"},
+        {"L0", "<Tax><TaxID>T</TaxID><AmountType>1</AmountType><Amount>2</Amount></Tax>"},
+        {"L1", "<Tax><TaxID>T</TaxID><AmountType>2</AmountType><Amount>2</Amount></Tax>"},
+        {"X0", ""},
+    };
+    for (const auto &[typeAndAmountType, wire] : forms) {
+        const std::string form = typeAndAmountType;
+        SellerTax tax;
+        tax.setXml(rootOf("<Impuesto CodigoImpuesto='T'><TipoImpuesto>" + form.substr(0, 1) +
+                          "</TipoImpuesto><Cantidad>2</Cantidad><TipoMonto>" + form.substr(1) +
+                          "</TipoMonto></Impuesto>"));
+        EXPECT_EQ(tax.xml(), wire) << form;
+    }
 }

@@ -4,7 +4,6 @@
 #include "platform/soap/SoapClient.h"
 
 #include <pugixml.hpp>
-
 #include <sstream>
 
 namespace {

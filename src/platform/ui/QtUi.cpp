@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QUrl>
 
 namespace {
@@ -21,9 +22,11 @@ QMessageBox::Icon iconOf(MessageStyle style)
     return QMessageBox::NoIcon;
 }
 
+// The buttons carry the texts of the system's language, whatever Qt's own translation is.
 struct ButtonSpec
 {
-    QMessageBox::StandardButton button;
+    const char *caption;
+    QMessageBox::ButtonRole role;
     MessageAnswer answer;
 };
 
@@ -31,17 +34,21 @@ std::vector<ButtonSpec> buttonsOf(MessageButtons buttons)
 {
     using B = QMessageBox;
     using A = MessageAnswer;
+    const ButtonSpec ok{"Aceptar", B::AcceptRole, A::Ok};
+    const ButtonSpec cancel{"Cancelar", B::RejectRole, A::Cancel};
+    const ButtonSpec yes{"Sí", B::YesRole, A::Yes};
+    const ButtonSpec no{"No", B::NoRole, A::No};
+    const ButtonSpec retry{"Reintentar", B::AcceptRole, A::Retry};
     switch (buttons) {
-    case MessageButtons::Ok: return {{B::Ok, A::Ok}};
-    case MessageButtons::OkCancel: return {{B::Ok, A::Ok}, {B::Cancel, A::Cancel}};
+    case MessageButtons::Ok: return {ok};
+    case MessageButtons::OkCancel: return {ok, cancel};
     case MessageButtons::AbortRetryIgnore:
-        return {{B::Abort, A::Abort}, {B::Retry, A::Retry}, {B::Ignore, A::Ignore}};
-    case MessageButtons::YesNoCancel:
-        return {{B::Yes, A::Yes}, {B::No, A::No}, {B::Cancel, A::Cancel}};
-    case MessageButtons::YesNo: return {{B::Yes, A::Yes}, {B::No, A::No}};
-    case MessageButtons::RetryCancel: return {{B::Retry, A::Retry}, {B::Cancel, A::Cancel}};
+        return {{"Anular", B::RejectRole, A::Abort}, retry, {"Omitir", B::AcceptRole, A::Ignore}};
+    case MessageButtons::YesNoCancel: return {yes, no, cancel};
+    case MessageButtons::YesNo: return {yes, no};
+    case MessageButtons::RetryCancel: return {retry, cancel};
     }
-    return {{B::Ok, A::Ok}};
+    return {ok};
 }
 
 } // namespace
@@ -54,20 +61,21 @@ MessageAnswer QtUi::msgBox(const std::string &text, MessageStyle style, MessageB
                                   : QString::fromStdString(title),
                     QString::fromStdString(text));
     const auto specs = buttonsOf(buttons);
-    for (const auto &spec : specs)
-        box.addButton(spec.button);
-    const auto fallback = defaultAnswer(buttons, defaultButton);
+    const MessageAnswer preferred = defaultAnswer(buttons, defaultButton);
+    std::vector<QAbstractButton *> added;
     for (const auto &spec : specs) {
-        if (spec.answer == fallback)
-            box.setDefaultButton(spec.button);
+        QPushButton *button = box.addButton(QString::fromUtf8(spec.caption), spec.role);
+        added.push_back(button);
+        if (spec.answer == preferred)
+            box.setDefaultButton(button);
     }
     // A box must show the normal pointer even inside a busy section.
     QApplication::setOverrideCursor(Qt::ArrowCursor);
-    const int pressed = box.exec();
+    box.exec();
     QApplication::restoreOverrideCursor();
-    for (const auto &spec : specs) {
-        if (spec.button == pressed)
-            return spec.answer;
+    for (std::size_t i = 0; i < specs.size(); ++i) {
+        if (box.clickedButton() == added[i])
+            return specs[i].answer;
     }
     // Closed with Esc or the close box: the box's escape button, else its default.
     return buttons == MessageButtons::Ok ? MessageAnswer::Ok

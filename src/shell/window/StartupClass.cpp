@@ -13,12 +13,15 @@
 namespace {
 
 // The three outside links must answer before any window opens. Each check has reported its
-// own error already when it answers false.
+// own error already when it answers false. Reading the ministores is the first real call to
+// the catalogue service; an empty list is an answer, only a null one is a failure.
 bool outsideLinksAnswer()
 {
     if (!CommerceServerInit())
         return false;
-    return QDXGetOperationConfiguration();
+    if (!QDXGetOperationConfiguration())
+        return false;
+    return gSeller->ministores() != nullptr;
 }
 
 void closeSellerSession()

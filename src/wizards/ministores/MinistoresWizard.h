@@ -2,6 +2,8 @@
 
 #include "shell/frame/WizardShell.h"
 
+/// Links ministores with virtual deposits and undoes such links: a list, two selection pages
+/// and two confirmation pages.
 class MinistoresWizard : public WizardShell
 {
     Q_OBJECT

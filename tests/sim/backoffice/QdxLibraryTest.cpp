@@ -1,7 +1,7 @@
 #include "FeriaSimProcess.h"
 #include "SmallMarketplace.h"
 #include "SoapTestClient.h"
-#include "backoffice/QdxApi.h"
+#include "platform/connectors/ConnectorAbi.h"
 
 #include <arpa/inet.h>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "ErpLibrary.h"
 
-#include "sim/erp/ZrvnDll.h"
+#include "platform/connectors/ConnectorAbi.h"
 
 #include <algorithm>
 #include <dlfcn.h>

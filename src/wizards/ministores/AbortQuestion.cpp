@@ -1,0 +1,9 @@
+#include "wizards/ministores/AbortQuestion.h"
+
+#include "platform/ui/Ui.h"
+
+bool userConfirmsAbort(const std::string &question)
+{
+    return ui().msgBox(question, MessageStyle::Question, MessageButtons::YesNo, "Confirmación",
+                       2) == MessageAnswer::Yes;
+}
