@@ -11,7 +11,7 @@ class SellerTax;
 
 /// One product of the seller's ERP. A list gives its code, description and reference; its
 /// prices and taxes are read from the ERP the first time one of them is asked for, so that a
-/// list costs no call per product.
+/// list costs no call per product. Made with std::make_shared, as every line of a list is.
 class SellerProduct : public ProductLine, public std::enable_shared_from_this<SellerProduct>
 {
 public:

@@ -12,6 +12,7 @@ class ZorvantaProduct;
 /// One category of the marketplace's tree: its identity, all its subcategories (read with the
 /// first page) and one page at a time of the products that hang directly on it. Also the door
 /// through which the seller asks the marketplace for new categories, products and templates.
+/// Made with std::make_shared, since its subcategories point back at it.
 class ZorvantaCategory : public std::enable_shared_from_this<ZorvantaCategory>
 {
 public:
