@@ -1,5 +1,6 @@
 // The catalogue's two costly paths: walking an ERP category page by page through the real ERP
 // library, and reading a marketplace product of a hundred properties into its groups.
+#include "FakeConnectors.h"
 #include "catalogue/DovelCategory.h"
 #include "catalogue/ProductBrowser.h"
 #include "catalogue/ZorvantaProduct.h"
@@ -97,66 +98,6 @@ void searchThousandErpProducts(benchmark::State &state)
     std::filesystem::remove(data);
 }
 
-// The seller as the ERP and the back office describe it, in process.
-class BenchErp : public ErpLibrary
-{
-public:
-    std::int32_t ObtenerIDCliente(std::int32_t *number, char *license, char *key2,
-                                  char *id) override
-    {
-        *number = 1;
-        std::strcpy(license, "L");
-        std::strcpy(key2, "K");
-        std::strcpy(id, "V1");
-        return 0;
-    }
-    std::int32_t ObtenerDataBase(char *, char *, char *, char *) override { return 0; }
-    std::int32_t ListarDepositosVirtuales(std::int32_t, char *, std::int32_t, std::int32_t *,
-                                          char *) override
-    {
-        return 0;
-    }
-    std::int32_t ObtenerContenidoCategoria(std::int32_t, char *, std::int32_t, char *,
-                                           std::int32_t, const char *, std::int32_t *,
-                                           char *) override
-    {
-        return 0;
-    }
-    std::int32_t BusquedaProductosIndividual(std::int32_t, std::int32_t, char *, std::int32_t,
-                                             char *, std::int32_t, const char *, std::int32_t *,
-                                             char *) override
-    {
-        return 0;
-    }
-    std::int32_t ObtenerDefinicionProducto(std::int32_t, const char *, const char *,
-                                           char *) override
-    {
-        return 0;
-    }
-    std::int32_t ObtenerImpuestos(char *) override { return 0; }
-};
-
-class BenchBackOffice : public BackOfficeLibrary
-{
-public:
-    std::int32_t IniciarSesionW(const char *, const char *, std::int32_t,
-                                std::int32_t *session) override
-    {
-        *session = 1;
-        return 0;
-    }
-    std::int32_t CerrarSesionW(std::int32_t) override { return 0; }
-    std::int32_t EjecutarOperacionW(std::int32_t, std::int32_t, const char *, char *reply,
-                                    std::int32_t size) override
-    {
-        std::strncpy(reply,
-                     "<GetStoreInfo><Store StoreID='100'><MaxProducts>50</MaxProducts>"
-                     "<ProductID>300</ProductID><Status>A</Status></Store></GetStoreInfo>",
-                     static_cast<std::size_t>(size) - 1);
-        return 0;
-    }
-};
-
 std::string result(const std::string &operation, const std::string &content)
 {
     return "<" + operation +
@@ -242,8 +183,12 @@ template <class Body> void withMarketplace(benchmark::State &state, Body body)
 {
     BenchMarketplace marketplace;
     setenv("ASISTENTE_MARKETPLACE_URL", marketplace.url().c_str(), 1);
-    setErpLibrary(std::make_shared<BenchErp>());
-    setBackOfficeLibrary(std::make_shared<BenchBackOffice>());
+    // The seller as the ERP and the back office describe it, in process.
+    setErpLibrary(std::make_shared<FakeErp>());
+    auto backOffice = std::make_shared<FakeBackOffice>();
+    backOffice->queue(0, "<GetStoreInfo><Store StoreID='100'><MaxProducts>50</MaxProducts>"
+                         "<ProductID>300</ProductID><Status>A</Status></Store></GetStoreInfo>");
+    setBackOfficeLibrary(backOffice);
     gAppRunning = true;
     gSeller.reset();
     if (!CommerceServerInit() || !gSeller->ministores()) {
