@@ -59,11 +59,6 @@ FeriaSimProcess::~FeriaSimProcess()
     }
 }
 
-std::filesystem::path FeriaSimProcess::program()
-{
-    return FERIA_SIM_PATH;
-}
-
 void FeriaSimProcess::start()
 {
     int pipeEnds[2];
@@ -76,7 +71,7 @@ void FeriaSimProcess::start()
     posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
     posix_spawn_file_actions_addclose(&actions, pipeEnds[0]);
     posix_spawn_file_actions_addclose(&actions, pipeEnds[1]);
-    const std::string path = program().string();
+    const std::string path = FERIA_SIM_PATH;
     std::vector<std::string> arguments{path, "--port", "0", "--data", m_dataDir.string()};
     arguments.insert(arguments.end(), m_arguments.begin(), m_arguments.end());
     std::vector<char *> argv;

@@ -30,9 +30,6 @@ public:
     /// Stops it and starts it again on the same data with the same arguments.
     void restart();
 
-    /// The path of the feria-sim program of this build.
-    static std::filesystem::path program();
-
 private:
     FeriaSimProcess() = default;
     void start();
