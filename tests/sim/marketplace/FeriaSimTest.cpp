@@ -24,21 +24,3 @@ TEST(FeriaSimTest, refusesToStartWithoutItsDataFile)
     EXPECT_TRUE(sim.url().empty());
     EXPECT_NE(sim.stop(), 0);
 }
-
-TEST(FeriaSimTest, withAStateFileWhatWasReceivedOutlivesARestart)
-{
-    auto sim = FeriaSimProcess::withData(smallMarketplace(), {"--state", "{dir}/estado.xml"});
-    ASSERT_FALSE(sim->url().empty()) << sim->error();
-    EXPECT_EQ(SoapTestClient(sim->url())
-                  .call("RequestNewCategory",
-                        {{"StoreID", "100"}, {"CategoryID", "ZC-1"}, {"CategoryName", "Jardín"}})
-                  .code(),
-              0);
-    sim->restart();
-    ASSERT_FALSE(sim->url().empty()) << sim->error();
-    pugi::xml_document state;
-    ASSERT_TRUE(state.load_string(SoapTestClient(sim->url()).get("/sim/state").c_str()));
-    EXPECT_STREQ(
-        state.select_node("//Request[@operation='RequestNewCategory']").node().text().get(),
-        "Jardín");
-}
