@@ -29,12 +29,11 @@ protected:
     }
 
     // Reads `pages` pages and checks the code of each: `last` on the final one, 0 before.
-    static Texts walk(Erp::Query &query, bool forward, int pages, int last, bool search)
+    static Texts walk(Erp::Query &query, bool forward, int pages, int last)
     {
         Texts seen;
         for (int page = 1; page <= pages; ++page) {
-            const Erp::Reply reply =
-                search ? Erp::search(query, forward) : Erp::categoryContents(query, forward);
+            const Erp::Reply reply = Erp::page(query, forward);
             EXPECT_EQ(reply.code, page < pages ? 0 : last) << "page " << page;
             EXPECT_TRUE(reply.guardIntact);
             const Texts ids = reply.productIds();
@@ -61,19 +60,19 @@ protected:
 TEST_F(ErpPagingTest, aCategoryOfAThousandIsReadInPagesOfFiftyAndEndsOnlyWith6007)
 {
     auto query = Erp::categoryQuery(0, "C-BIG");
-    EXPECT_EQ(walk(query, true, 20, 0, false), ids(1, 1000));
-    const Erp::Reply end = Erp::categoryContents(query);
+    EXPECT_EQ(walk(query, true, 20, 0), ids(1, 1000));
+    const Erp::Reply end = Erp::page(query);
     EXPECT_EQ(end.code, 6007);
     EXPECT_TRUE(end.productIds().empty());
     EXPECT_EQ(end.texts("//Categoria/@id"), (Texts{"C-SUB1", "C-SUB2"})) << "children still come";
-    EXPECT_EQ(Erp::categoryContents(query).code, 6007) << "asking again stays at the end";
+    EXPECT_EQ(Erp::page(query).code, 6007) << "asking again stays at the end";
 
     // Turning round goes back from the last page given.
-    EXPECT_EQ(walk(query, false, 19, 0, false), ids(1, 950));
-    EXPECT_EQ(Erp::categoryContents(query, false).code, 6007);
+    EXPECT_EQ(walk(query, false, 19, 0), ids(1, 950));
+    EXPECT_EQ(Erp::page(query, false).code, 6007);
 
     auto root = Erp::categoryQuery(0, "");
-    const Erp::Reply rootPage = Erp::categoryContents(root);
+    const Erp::Reply rootPage = Erp::page(root);
     EXPECT_EQ(rootPage.code, 6007) << "a category without products ends at once";
     EXPECT_EQ(rootPage.texts("//Categorias/Categoria/@nombre"), (Texts{"Grande", "Café & té"}));
 }
@@ -81,16 +80,16 @@ TEST_F(ErpPagingTest, aCategoryOfAThousandIsReadInPagesOfFiftyAndEndsOnlyWith600
 TEST_F(ErpPagingTest, aSearchEndsWith102ForwardsAnd101Backwards)
 {
     auto query = Erp::searchQuery(0, 1, "P-");
-    EXPECT_EQ(walk(query, true, 20, 102, true), ids(1, 1000));
-    EXPECT_EQ(walk(query, false, 19, 101, true), ids(1, 950));
-    EXPECT_EQ(Erp::search(query).code, 0) << "from the start, forward is an ordinary page";
+    EXPECT_EQ(walk(query, true, 20, 102), ids(1, 1000));
+    EXPECT_EQ(walk(query, false, 19, 101), ids(1, 950));
+    EXPECT_EQ(Erp::page(query).code, 0) << "from the start, forward is an ordinary page";
 
     auto fromTheEnd = Erp::searchQuery(0, 1, "P-");
-    EXPECT_EQ(Erp::search(fromTheEnd, false).productIds(), ids(951, 1000));
+    EXPECT_EQ(Erp::page(fromTheEnd, false).productIds(), ids(951, 1000));
 
     // Over the ERP's limit, the first page comes with 8007.
     auto everything = Erp::searchQuery(0, 1, "");
-    const Erp::Reply overTheLimit = Erp::search(everything);
+    const Erp::Reply overTheLimit = Erp::page(everything);
     EXPECT_EQ(overTheLimit.code, 8007);
     EXPECT_EQ(overTheLimit.productIds().size(), 50u);
 }
@@ -107,7 +106,7 @@ TEST_F(ErpPagingTest, eachKindOfSearchFindsWhatTheUserTyped)
     };
     for (const auto &[what, queryType, text, found] : searches) {
         auto query = Erp::searchQuery(0, queryType, text);
-        const Erp::Reply reply = Erp::search(query);
+        const Erp::Reply reply = Erp::page(query);
         EXPECT_EQ(reply.productIds(), found) << what;
         EXPECT_EQ(reply.code, found.empty() ? 8002 : 103) << what;
         EXPECT_TRUE(reply.document.select_node("/BusquedaProductosIndividual/Productos")) << what;
@@ -122,9 +121,9 @@ TEST_F(ErpPagingTest, whatTheFunctionsCannotAnswerIsACodeWithAnEmptyReply)
     auto badSize = Erp::searchQuery(0, 1, "x");
     badSize.querySize = 0;
     for (const auto &[code, reply] :
-         {std::pair{8001, Erp::categoryContents(badType)},
-          std::pair{6001, Erp::categoryContents(unknown)}, std::pair{8001, Erp::search(badQuery)},
-          std::pair{8001, Erp::search(badSize)}, std::pair{8001, Erp::definition(5, "P-0001")},
+         {std::pair{8001, Erp::page(badType)}, std::pair{6001, Erp::page(unknown)},
+          std::pair{8001, Erp::page(badQuery)}, std::pair{8001, Erp::page(badSize)},
+          std::pair{8001, Erp::definition(5, "P-0001")},
           std::pair{6002, Erp::definition(0, "P-9999")}}) {
         EXPECT_EQ(reply.code, code);
         EXPECT_EQ(reply.text, "");

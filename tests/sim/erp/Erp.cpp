@@ -46,13 +46,13 @@ std::vector<std::string> Erp::Reply::texts(const std::string &xpath) const
 
 Erp::Query Erp::categoryQuery(std::int32_t productType, const std::string &categoryId)
 {
-    return Query{productType, categoryId, 1, "", 50, "", Buffer(100)};
+    return Query{false, productType, categoryId, 1, "", 50, "", Buffer(100)};
 }
 
 Erp::Query Erp::searchQuery(std::int32_t productType, std::int32_t queryType,
                             const std::string &text)
 {
-    return Query{productType, "", queryType, text, 50, "", Buffer(1000)};
+    return Query{true, productType, "", queryType, text, 50, "", Buffer(1000)};
 }
 
 Erp::Reply Erp::virtualDeposits()
@@ -65,24 +65,20 @@ Erp::Reply Erp::virtualDeposits()
         &position);
 }
 
-Erp::Reply Erp::categoryContents(Query &query, bool forward)
+Erp::Reply Erp::page(Query &query, bool forward)
 {
     return replyOf(
         [&](char *reply, std::int32_t *count) {
-            return ObtenerContenidoCategoria(
-                query.productType, query.categoryId.data(), query.querySize, query.position.data(),
-                forward ? 0 : 1, query.ministoreId.c_str(), count, reply);
-        },
-        &query.position);
-}
-
-Erp::Reply Erp::search(Query &query, bool forward)
-{
-    return replyOf(
-        [&](char *reply, std::int32_t *count) {
-            return BusquedaProductosIndividual(
-                query.productType, query.queryType, query.searchText.data(), query.querySize,
-                query.position.data(), forward ? 0 : 1, query.ministoreId.c_str(), count, reply);
+            const std::int32_t direction = forward ? 0 : 1;
+            return query.isSearch
+                       ? BusquedaProductosIndividual(query.productType, query.queryType,
+                                                     query.searchText.data(), query.querySize,
+                                                     query.position.data(), direction,
+                                                     query.ministoreId.c_str(), count, reply)
+                       : ObtenerContenidoCategoria(query.productType, query.categoryId.data(),
+                                                   query.querySize, query.position.data(),
+                                                   direction, query.ministoreId.c_str(), count,
+                                                   reply);
         },
         &query.position);
 }

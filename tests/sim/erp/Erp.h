@@ -38,9 +38,11 @@ public:
         std::vector<std::string> productIds() const { return texts("//Producto/CodigoDovel"); }
     };
 
-    /// A paged query as the program runs it: the resume state lives here between calls.
+    /// A paged query as the program runs it, of a category's contents or a search: the resume
+    /// state lives here between calls.
     struct Query
     {
+        bool isSearch = false;
         std::int32_t productType = 0;
         std::string categoryId;
         std::int32_t queryType = 1;
@@ -54,8 +56,8 @@ public:
                              const std::string &text);
 
     static Reply virtualDeposits();
-    static Reply categoryContents(Query &query, bool forward = true);
-    static Reply search(Query &query, bool forward = true);
+    /// The next page of the query, forwards or backwards.
+    static Reply page(Query &query, bool forward = true);
     static Reply definition(std::int32_t productType, const std::string &key,
                             const std::string &ministoreId = "");
     static Reply taxes();
