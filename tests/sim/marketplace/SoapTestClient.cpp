@@ -4,24 +4,10 @@
 
 namespace {
 
-std::string escaped(const std::string &text)
-{
-    std::string out;
-    for (char c : text) {
-        out += c == '<' ? "&lt;" : c == '>' ? "&gt;" : c == '&' ? "&amp;" : std::string(1, c);
-    }
-    return out;
-}
-
 std::string portOf(const std::string &operation)
 {
-    for (const char *info :
-         {"GetCategoryContent", "GetProductDefinition", "GetProductInformation"}) {
-        if (operation == info) {
-            return "CatalogInfoSoapPort";
-        }
-    }
-    return "StoreSoapPort";
+    const bool info = operation == "GetCategoryContent" || operation.starts_with("GetProduct");
+    return info ? "CatalogInfoSoapPort" : "StoreSoapPort";
 }
 
 pugi::xml_node result(const MarketplaceReply &reply)
@@ -67,7 +53,7 @@ std::string SoapTestClient::envelope(const std::string &operation, const Argumen
                        "<SOAP-ENV:Body><m:" +
                        operation + " xmlns:m=\"urn:nubalia:zvtsorvek\">";
     for (const auto &[name, value] : arguments) {
-        body += "<" + name + ">" + escaped(value) + "</" + name + ">";
+        body += "<" + name + "><![CDATA[" + value + "]]></" + name + ">";
     }
     return body + "</m:" + operation + "></SOAP-ENV:Body></SOAP-ENV:Envelope>";
 }
