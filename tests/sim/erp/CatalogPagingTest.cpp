@@ -1,5 +1,6 @@
 #include "Erp.h"
 #include "ErpSandbox.h"
+#include "platform/connectors/ConnectorAbi.h"
 
 #include <gtest/gtest.h>
 #include <tuple>
@@ -128,4 +129,7 @@ TEST_F(ErpPagingTest, whatTheFunctionsCannotAnswerIsACodeWithAnEmptyReply)
         EXPECT_EQ(reply.code, code);
         EXPECT_EQ(reply.text, "");
     }
+    char buffer[256] = {};
+    EXPECT_EQ(ObtenerImpuestos(nullptr), 8001) << "a caller without a reply buffer";
+    EXPECT_EQ(ObtenerIDCliente(nullptr, buffer, buffer, buffer), 8001);
 }

@@ -36,8 +36,6 @@ TEST(ErpFaultTest, eachInjectedFaultChangesOnlyTheCallItNames)
 {
     const char *categoryB =
         "<Falla funcion='ObtenerContenidoCategoria' categoria='C-B' codigo='6010' respuesta=''/>";
-    const char *product2 =
-        "<Falla funcion='ObtenerDefinicionProducto' clave='P-0002' tipo='0' codigo='6002'/>";
     // What it must answer: a code, and the reply's text or "*" for the usual one, which parses.
     const std::tuple<const char *, const char *, std::function<Erp::Reply()>, int, std::string>
         rows[] = {
@@ -46,13 +44,9 @@ TEST(ErpFaultTest, eachInjectedFaultChangesOnlyTheCallItNames)
             {"a search answers a broken reply",
              "<Falla funcion='BusquedaProductosIndividual' texto='roto' respuesta='&lt;Busqueda'/>",
              [] { return search("roto"); }, 0, "<Busqueda"},
-            {"the first search page answers 8007 with its products",
-             "<Falla funcion='BusquedaProductosIndividual' codigo='8007'/>",
-             [] { return search(""); }, 8007, "*"},
-            {"one product's detail answers an error", product2,
+            {"one product's detail answers an error",
+             "<Falla funcion='ObtenerDefinicionProducto' clave='P-0002' tipo='0' codigo='6002'/>",
              [] { return Erp::definition(0, "P-0002"); }, 6002, "*"},
-            {"another product's detail is untouched", product2,
-             [] { return Erp::definition(0, "P-0003"); }, 0, "*"},
             {"the deposits answer 5", "<Falla funcion='ListarDepositosVirtuales' codigo='5'/>",
              [] { return Erp::virtualDeposits(); }, 5, "*"},
         };
@@ -105,13 +99,4 @@ TEST(ErpFaultTest, anUnreadableDataSetFailsEveryFunctionWith9001)
         EXPECT_EQ(Erp::taxes().code, 9001) << text;
         EXPECT_EQ(search("").code, 9001) << text;
     }
-}
-
-TEST(ErpFaultTest, aCallerWithoutAReplyBufferIsRefusedWithoutACrash)
-{
-    ErpSandbox sandbox;
-    sandbox.writeData(kCatalogue);
-    char buffer[256] = {};
-    EXPECT_EQ(ObtenerImpuestos(nullptr), 8001);
-    EXPECT_EQ(ObtenerIDCliente(nullptr, buffer, buffer, buffer), 8001);
 }
