@@ -173,7 +173,6 @@ TEST_F(QdxLibraryTest, publishingTwiceWithdrawingWhatIsNotThereAndTheStoresCount
 {
     start();
     const int32_t session = openSession();
-    ASSERT_EQ(numberOfProducts(), (Texts{"0", "0", "0"}));
 
     const Reply first = run(9, session, catalogRequest(operation(1, "Publicar", "ZP-1")));
     ASSERT_EQ(first.connector, 0);

@@ -13,7 +13,8 @@ template <typename Call> Erp::Reply replyOf(Call call, const Erp::Buffer *positi
 {
     Erp::Reply reply;
     Erp::Buffer buffer(65535);
-    reply.code = call(buffer.data(), &reply.count);
+    std::int32_t count = 0;
+    reply.code = call(buffer.data(), &count);
     reply.text = buffer.text();
     reply.guardIntact = buffer.guardIntact() && (position == nullptr || position->guardIntact());
     reply.parsed = static_cast<bool>(reply.document.load_string(reply.text.c_str()));

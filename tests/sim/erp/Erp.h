@@ -27,7 +27,6 @@ public:
     struct Reply
     {
         std::int32_t code = -1;
-        std::int32_t count = -1;
         std::string text;
         bool parsed = false;
         /// Nothing was written past the reply buffer, nor past the query's position.
