@@ -9,6 +9,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sstream>
 
 ErpSandbox::ErpSandbox()
 {
@@ -28,25 +29,17 @@ ErpSandbox::~ErpSandbox()
 void ErpSandbox::writeData(const std::string &catalogue, const std::string &faults,
                            const std::string &rootAttributes)
 {
-    writeRawData(
-        "<?xml version='1.0' encoding='UTF-8'?>\n<Erp " + rootAttributes +
-        ">\n"
-        "<Cliente numero='4711' licencia='NUB-LIC-2026-0042' clave2='QK-7F3A9C' id='V1042'/>\n"
-        "<BaseDeDatos servidor='localhost' nombre='AsistenteDemo' usuario='vendedor' "
-        "clave='demo'/>\n"
-        "<Impuestos>"
-        "<Impuesto codigo='IVA' tipo='G' cantidad='16' tipoMonto='0' descripcion='IVA general'/>"
-        "<Impuesto codigo='ISE' tipo='L' cantidad='5' tipoMonto='0' descripcion='Selectivo'/>"
-        "<Impuesto codigo='ECO' tipo='L' cantidad='1.50' tipoMonto='1' descripcion='Reciclaje'/>"
-        "</Impuestos>\n"
-        "<Depositos>"
-        "<Deposito codigo='DV-01' descripcion='Depósito central' direccion='Valencia'/>"
-        "<Deposito codigo='DV-02' descripcion='Almacén principal' direccion='Caracas'/>"
-        "<Deposito codigo='DV-03' descripcion='En tránsito' direccion='Puerto Cabello'/>"
-        "<Deposito codigo='DV-04' descripcion='Devoluciones'/>"
-        "</Depositos>\n"
-        "<Categorias nombre='Catálogo general'>" +
-        catalogue + "</Categorias>\n<Fallas>" + faults + "</Fallas>\n</Erp>\n");
+    std::ostringstream read;
+    read << std::ifstream(ERP_SANDBOX_DATA).rdbuf();
+    std::string text = read.str();
+    const auto replace = [&text](const std::string &from, const std::string &to) {
+        text.replace(text.find(from), from.size(), to);
+    };
+    replace("<Erp>", "<Erp " + rootAttributes + ">");
+    replace("<Categorias nombre='Catálogo general'/>",
+            "<Categorias nombre='Catálogo general'>" + catalogue + "</Categorias>");
+    replace("<Fallas/>", "<Fallas>" + faults + "</Fallas>");
+    writeRawData(text);
 }
 
 void ErpSandbox::writeRawData(const std::string &text)

@@ -12,8 +12,9 @@ public:
     ErpSandbox(const ErpSandbox &) = delete;
     ErpSandbox &operator=(const ErpSandbox &) = delete;
 
-    /// Writes the data set: the demo seller, four deposits, three taxes, the given category
-    /// tree and products (the content of Categorias) and faults (the content of Fallas).
+    /// Writes the data set of data/erp.xml (the demo seller, four deposits, three taxes) with
+    /// the given category tree and products (the content of Categorias), faults (the content of
+    /// Fallas) and attributes of the root.
     void writeData(const std::string &catalogue, const std::string &faults = {},
                    const std::string &rootAttributes = {});
     /// Writes a data file as it stands.
@@ -28,7 +29,6 @@ public:
     static std::string products(int count, const std::string &prefix = "P-",
                                 const std::string &description = "Artículo");
 
-    const std::string &directory() const { return m_directory; }
     std::string dataFile() const { return m_directory + "/erp.xml"; }
 
 private:

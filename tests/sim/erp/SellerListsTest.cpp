@@ -1,7 +1,8 @@
-#include "ErpLibrary.h"
+#include "Erp.h"
 #include "ErpSandbox.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -38,119 +39,87 @@ protected:
             price + ", '2026-02-02 08:05:09', 2, 'Precio fuera de rango', -20);");
     }
 
-    ErpLibrary::Reply search(int type, const std::string &ministore = "")
+    static Erp::Reply search(int type, const std::string &ministore = "")
     {
-        auto query = ErpLibrary::searchQuery(type, 1, "");
+        auto query = Erp::searchQuery(type, 1, "");
         query.ministoreId = ministore;
-        return m_erp.search(query);
+        return Erp::page(query);
     }
 
     ErpSandbox m_sandbox;
-    ErpLibrary m_erp;
 };
 
 } // namespace
 
-TEST_F(ErpSellerListsTest, associatedProductsAreListedWithTheirMarketplaceProductInAnyStore)
+TEST_F(ErpSellerListsTest, eachListGivesItsLinesAndNeverTheirAttributes)
 {
-    const ErpLibrary::Reply reply = search(1, "MT-300");
-    EXPECT_EQ(reply.code, 103);
-    EXPECT_EQ(reply.productIds(), (Texts{"A-0001", "A-0002", "B-0001"}))
-        << "an association whose ERP product is gone is not listed";
-    EXPECT_EQ(reply.texts("//CodigoAsociacion"), (Texts{"1", "2", "3"}));
-    EXPECT_EQ(reply.texts("//CodigoZorvanta"), (Texts{"ZP-00001", "ZP-00002", "ZP-00003"}));
-    EXPECT_TRUE(reply.texts("//CodigoPublicacion").empty());
-
-    auto category = ErpLibrary::categoryQuery(1, "C-B");
-    EXPECT_EQ(m_erp.categoryContents(category).texts("//CodigoAsociacion"), Texts{"3"});
-    EXPECT_EQ(m_erp.categoryContents(category).code, 6007);
-}
-
-TEST_F(ErpSellerListsTest, aListLineNeverCarriesTheAttributes)
-{
-    // The program looks for these elements anywhere in a document to tell a detail from a list.
-    for (int type : {1, 2, 3}) {
-        EXPECT_TRUE(search(type)
+    const char *associations = "//CodigoAsociacion";
+    const char *publications = "//CodigoPublicacion";
+    const std::tuple<const char *, int, const char *, const char *, Texts> lists[] = {
+        {"associations, in any store, without the one whose product is gone",
+         1,
+         "MT-300",
+         associations,
+         {"1", "2", "3"}},
+        {"publications of one store", 2, "MT-100", publications, {"10"}},
+        {"a store id as the server compares it", 2, "mt-100 ", publications, {"10"}},
+        {"publications of every store", 2, "", publications, {"10", "11"}},
+        {"a store with nothing published", 2, "MT-300", publications, {}},
+        {"pending operations in date order, with their operation letter",
+         3,
+         "",
+         "//CodigoPublicacion | //Estado",
+         {"10", "A", "11", "I"}},
+        {"pending operations of one store", 3, "MT-200", publications, {"11"}},
+    };
+    for (const auto &[what, type, ministore, xpath, found] : lists) {
+        const Erp::Reply reply = search(type, ministore);
+        EXPECT_EQ(reply.texts(xpath), found) << what;
+        EXPECT_EQ(reply.code, found.empty() ? 8002 : 103) << what;
+        // The program looks for these anywhere in a document to tell a detail from a list.
+        EXPECT_TRUE(reply
                         .texts("//AtributosCaracteristicos | //AtributosNoCaracteristicos"
                                " | //ObtenerDefinicionProducto")
                         .empty())
-            << type;
+            << what;
     }
+    auto category = Erp::categoryQuery(1, "C-B");
+    EXPECT_EQ(Erp::page(category).texts(associations), Texts{"3"});
+    EXPECT_EQ(Erp::page(category).code, 6007);
 }
 
-TEST_F(ErpSellerListsTest, publishedProductsAreNarrowedToTheChosenMinistore)
+TEST_F(ErpSellerListsTest, aDetailIsFoundByItsKeyInItsMinistore)
 {
-    struct Row
-    {
-        const char *what;
-        const char *ministore;
-        Texts publications;
+    const std::tuple<const char *, int, const char *, const char *, int> details[] = {
+        {"an association", 1, "1", "", 0},
+        {"an association that does not exist", 1, "99", "", 6003},
+        {"a publication in its store", 2, "10", "MT-100", 0},
+        {"a publication in another store", 2, "10", "MT-200", 6003},
+        {"a pending operation by publication and date", 3, "10|2026-02-02 08:05:09", "MT-100", 0},
+        {"the date without padding", 3, "10|2026-2-2 8:5:9", "MT-100", 0},
+        {"another date", 3, "10|2026-02-02 08:05:10", "MT-100", 6003},
+        {"no date at all", 3, "10", "MT-100", 6003},
+        {"a publication that is no number", 3, "abc|2026-02-02 08:05:09", "MT-100", 6003},
     };
-    for (const Row &row :
-         {Row{"store MT-100", "MT-100", {"10"}},
-          Row{"a store id as the server compares it", "mt-100 ", {"10"}},
-          Row{"no store given", "", {"10", "11"}}, Row{"a store with nothing", "MT-300", {}}}) {
-        EXPECT_EQ(search(2, row.ministore).texts("//CodigoPublicacion"), row.publications)
-            << row.what;
+    for (const auto &[what, type, key, ministore, code] : details) {
+        EXPECT_EQ(Erp::definition(type, key, ministore).code, code) << what;
     }
-    EXPECT_EQ(search(2, "MT-100").texts("//Producto/*"),
-              (Texts{"A-0001", "Artículo 1", "R1", "1", "10", "ZP-00001", "MT-100", "K",
-                     "2026-02-01 10:00:00"}));
-}
-
-TEST_F(ErpSellerListsTest, pendingOperationsComeInDateOrderWithTheirOperationLetter)
-{
-    const ErpLibrary::Reply reply = search(3);
-    EXPECT_EQ(reply.code, 103);
-    EXPECT_EQ(reply.texts("//CodigoPublicacion | //Estado"), (Texts{"10", "A", "11", "I"}));
-    EXPECT_EQ(reply.texts("//FechaPublicacion"),
-              (Texts{"2026-02-02 08:05:09", "2026-02-03 11:00:00"}));
-    EXPECT_EQ(search(3, "MT-200").texts("//CodigoPublicacion"), Texts{"11"});
-}
-
-TEST_F(ErpSellerListsTest, anAssociationsDetailJoinsTheErpProductWithTheStoredAttributes)
-{
-    const ErpLibrary::Reply reply = m_erp.definition(1, "1");
-    ASSERT_EQ(reply.code, 0);
-    EXPECT_EQ(reply.texts("/ObtenerDefinicionProducto/*[not(self::Impuestos)]"),
+    // The ERP's product joined with what the seller's tables keep.
+    const Erp::Reply association = Erp::definition(1, "1");
+    EXPECT_EQ(association.texts("/ObtenerDefinicionProducto/*[not(self::Impuestos)]"),
               (Texts{"A-0001", "Artículo 1", "R1", "10.00", "9.00", "8.00", "1", "ZP-00001",
                      "2026-01-10 09:00:00", ""}));
-    EXPECT_EQ(reply.texts("/*/AtributosCaracteristicos/VariantProperties/Field[@fieldID='Color']"),
+    EXPECT_EQ(association.texts("//AtributosCaracteristicos//Field[@fieldID='Color']"),
               Texts{"Rojo"});
-    EXPECT_EQ(m_erp.definition(1, "99").code, 6003);
-}
-
-TEST_F(ErpSellerListsTest, aPublicationsDetailBelongsToItsMinistore)
-{
-    const ErpLibrary::Reply reply = m_erp.definition(2, "10", "MT-100");
-    ASSERT_EQ(reply.code, 0);
-    EXPECT_EQ(reply.texts("/*/CodigoPublicacion | /*/FechaPublicacion | /*/FechaAsociacion"),
-              (Texts{"10", "2026-02-01 10:00:00", "2026-01-10 09:00:00"}));
-    EXPECT_EQ(reply.texts("/*/AtributosNoCaracteristicos/Properties/Field/@fieldID"),
+    const Erp::Reply publication = Erp::definition(2, "10", "MT-100");
+    EXPECT_EQ(publication.texts("/*/CodigoPublicacion | /*/FechaPublicacion"),
+              (Texts{"10", "2026-02-01 10:00:00"}));
+    EXPECT_EQ(publication.texts("//AtributosNoCaracteristicos/Properties/Field/@fieldID"),
               Texts{"Cy_List_Price"});
-    EXPECT_EQ(reply.texts("/*/AtributosCaracteristicos//Field"), Texts{"Rojo"});
-    EXPECT_EQ(m_erp.definition(2, "10", "MT-200").code, 6003);
-}
-
-TEST_F(ErpSellerListsTest, aPendingOperationIsFoundByPublicationAndDate)
-{
-    struct Row
-    {
-        const char *what;
-        const char *key;
-        int code;
-    };
-    for (const Row &row :
-         {Row{"the date as the program writes it", "10|2026-02-02 08:05:09", 0},
-          Row{"the date without padding", "10|2026-2-2 8:5:9", 0},
-          Row{"another date", "10|2026-02-02 08:05:10", 6003}, Row{"no date at all", "10", 6003},
-          Row{"not a number", "abc|2026-02-02 08:05:09", 6003}}) {
-        EXPECT_EQ(m_erp.definition(3, row.key, "MT-100").code, row.code) << row.what;
-    }
-    EXPECT_EQ(m_erp.definition(3, "10|2026-02-02 08:05:09", "MT-100")
+    EXPECT_EQ(Erp::definition(3, "10|2026-02-02 08:05:09", "MT-100")
                   .texts("/*/Estado | /*/NumeroError | /*/MensajeError"),
               (Texts{"A", "-20", "Precio fuera de rango"}));
-    EXPECT_EQ(m_erp.definition(3, "11|2026-02-03 11:00:00").texts("/*/NumeroError"), Texts{"0"})
+    EXPECT_EQ(Erp::definition(3, "11|2026-02-03 11:00:00").texts("/*/NumeroError"), Texts{"0"})
         << "an operation that never failed has error 0";
 }
 
@@ -159,14 +128,16 @@ TEST(ErpSellerDatabaseTest, withoutTheSellersDatabaseTheListsAreEmptyAndDetailsF
     ErpSandbox sandbox;
     sandbox.writeData("<Categoria id='C-A' nombre='A'>" + ErpSandbox::products(2, "A-") +
                       "</Categoria>");
-    ErpLibrary erp;
     for (int type : {1, 2, 3}) {
-        auto search = ErpLibrary::searchQuery(type, 1, "");
-        EXPECT_EQ(erp.search(search).code, 8002) << type;
-        auto category = ErpLibrary::categoryQuery(type, "C-A");
-        EXPECT_EQ(erp.categoryContents(category).code, 6007) << type;
-        EXPECT_EQ(erp.definition(type, "1").code, 9002) << type;
+        auto search = Erp::searchQuery(type, 1, "");
+        EXPECT_EQ(Erp::page(search).code, 8002) << type;
+        auto category = Erp::categoryQuery(type, "C-A");
+        EXPECT_EQ(Erp::page(category).code, 6007) << type;
+        EXPECT_EQ(Erp::definition(type, "1").code, 9002) << type;
     }
-    auto all = ErpLibrary::categoryQuery(0, "C-A");
-    EXPECT_EQ(erp.categoryContents(all).code, 0) << "the ERP's own products need no database";
+
+    sandbox.execute("CREATE TABLE Otra (x TEXT);");
+    const Erp::Reply deposits = Erp::virtualDeposits();
+    EXPECT_EQ(deposits.code, 9003) << "a database without the links table";
+    EXPECT_EQ(deposits.text, "");
 }

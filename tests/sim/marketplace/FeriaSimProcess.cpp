@@ -20,8 +20,7 @@ FeriaSimProcess::FeriaSimProcess(const std::filesystem::path &dataDir) : m_dataD
     start();
 }
 
-std::unique_ptr<FeriaSimProcess> FeriaSimProcess::withData(const std::string &marketplaceXml,
-                                                           std::vector<std::string> arguments)
+std::unique_ptr<FeriaSimProcess> FeriaSimProcess::withData(const std::string &marketplaceXml)
 {
     std::unique_ptr<FeriaSimProcess> process(new FeriaSimProcess());
     std::string pattern = (std::filesystem::temp_directory_path() / "feria-sim-XXXXXX").string();
@@ -31,23 +30,9 @@ std::unique_ptr<FeriaSimProcess> FeriaSimProcess::withData(const std::string &ma
     }
     process->m_dataDir = pattern;
     process->m_ownsDataDir = true;
-    for (std::string &argument : arguments) {
-        if (const auto at = argument.find("{dir}"); at != std::string::npos) {
-            argument.replace(at, 5, pattern);
-        }
-    }
-    process->m_arguments = std::move(arguments);
     std::ofstream(process->m_dataDir / "marketplace.xml") << marketplaceXml;
     process->start();
     return process;
-}
-
-void FeriaSimProcess::restart()
-{
-    stop();
-    m_url.clear();
-    m_error.clear();
-    start();
 }
 
 FeriaSimProcess::~FeriaSimProcess()
@@ -57,11 +42,6 @@ FeriaSimProcess::~FeriaSimProcess()
         std::error_code ignored;
         std::filesystem::remove_all(m_dataDir, ignored);
     }
-}
-
-std::filesystem::path FeriaSimProcess::program()
-{
-    return FERIA_SIM_PATH;
 }
 
 void FeriaSimProcess::start()
@@ -76,15 +56,10 @@ void FeriaSimProcess::start()
     posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
     posix_spawn_file_actions_addclose(&actions, pipeEnds[0]);
     posix_spawn_file_actions_addclose(&actions, pipeEnds[1]);
-    const std::string path = program().string();
-    std::vector<std::string> arguments{path, "--port", "0", "--data", m_dataDir.string()};
-    arguments.insert(arguments.end(), m_arguments.begin(), m_arguments.end());
-    std::vector<char *> argv;
-    for (std::string &argument : arguments) {
-        argv.push_back(argument.data());
-    }
-    argv.push_back(nullptr);
-    const int spawned = posix_spawn(&m_pid, path.c_str(), &actions, nullptr, argv.data(), environ);
+    std::string path = FERIA_SIM_PATH, port = "--port", any = "0", data = "--data",
+                dir = m_dataDir.string();
+    char *argv[] = {path.data(), port.data(), any.data(), data.data(), dir.data(), nullptr};
+    const int spawned = posix_spawn(&m_pid, path.c_str(), &actions, nullptr, argv, environ);
     posix_spawn_file_actions_destroy(&actions);
     close(pipeEnds[1]);
     m_output = pipeEnds[0];

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <sys/types.h>
-#include <vector>
 
 /// A feria-sim of a test's own, on a free loopback port, stopped with SIGTERM at the end.
 class FeriaSimProcess
@@ -13,10 +12,8 @@ public:
     /// Starts it on a data directory and waits for its "listening on" line; on failure url()
     /// is empty and error() says why.
     explicit FeriaSimProcess(const std::filesystem::path &dataDir);
-    /// Starts it on a temporary data directory holding this marketplace.xml, with further
-    /// arguments, in which "{dir}" stands for that directory.
-    static std::unique_ptr<FeriaSimProcess> withData(const std::string &marketplaceXml,
-                                                     std::vector<std::string> arguments = {});
+    /// Starts it on a temporary data directory holding this marketplace.xml.
+    static std::unique_ptr<FeriaSimProcess> withData(const std::string &marketplaceXml);
     ~FeriaSimProcess();
 
     FeriaSimProcess(const FeriaSimProcess &) = delete;
@@ -27,11 +24,6 @@ public:
     const std::string &error() const { return m_error; }
     /// Sends SIGTERM and waits: the exit status, 0 for a clean stop, -1 when it did not run.
     int stop();
-    /// Stops it and starts it again on the same data with the same arguments.
-    void restart();
-
-    /// The path of the feria-sim program of this build.
-    static std::filesystem::path program();
 
 private:
     FeriaSimProcess() = default;
@@ -42,6 +34,5 @@ private:
     std::string m_url;
     std::string m_error;
     std::filesystem::path m_dataDir;
-    std::vector<std::string> m_arguments;
     bool m_ownsDataDir = false;
 };

@@ -5,16 +5,12 @@
 #include <string>
 #include <vector>
 
-/// The real libzrvndll.so, loaded with dlopen as the program loads it, and called with buffers
-/// of the sizes the program gives.
-class ErpLibrary
+/// The calls of libzrvndll.so, with buffers of the sizes the program gives.
+class Erp
 {
 public:
-    ErpLibrary();
-    ~ErpLibrary();
-
-    /// A caller-owned buffer of `size` characters filled with NUL, followed by a guard zone that
-    /// the library must never touch.
+    /// A caller-owned buffer of `size` NULs, followed by a guard zone that the library must never
+    /// touch.
     class Buffer
     {
     public:
@@ -31,9 +27,9 @@ public:
     struct Reply
     {
         std::int32_t code = -1;
-        std::int32_t count = -1;
         std::string text;
         bool parsed = false;
+        /// Nothing was written past the reply buffer, nor past the query's position.
         bool guardIntact = false;
         pugi::xml_document document;
         /// The texts of the nodes an XPath selects, in document order.
@@ -41,9 +37,11 @@ public:
         std::vector<std::string> productIds() const { return texts("//Producto/CodigoDovel"); }
     };
 
-    /// A paged query as the program runs it: the resume state lives here between calls.
+    /// A paged query as the program runs it, of a category's contents or a search: the resume
+    /// state lives here between calls.
     struct Query
     {
+        bool isSearch = false;
         std::int32_t productType = 0;
         std::string categoryId;
         std::int32_t queryType = 1;
@@ -56,19 +54,10 @@ public:
     static Query searchQuery(std::int32_t productType, std::int32_t queryType,
                              const std::string &text);
 
-    std::int32_t clientIdentity(std::int32_t &number, Buffer &license, Buffer &key2, Buffer &id);
-    std::int32_t databaseCoordinates(Buffer &server, Buffer &database, Buffer &user,
-                                     Buffer &password);
-    Reply virtualDeposits();
-    Reply categoryContents(Query &query, bool forward = true);
-    Reply search(Query &query, bool forward = true);
-    Reply definition(std::int32_t productType, const std::string &key,
-                     const std::string &ministoreId = "");
-    Reply taxes();
-
-private:
-    template <typename Function> Function symbol(const char *name) const;
-    template <typename Call> static Reply replyOf(Call call, Buffer *position = nullptr);
-
-    void *m_handle = nullptr;
+    static Reply virtualDeposits();
+    /// The next page of the query, forwards or backwards.
+    static Reply page(Query &query, bool forward = true);
+    static Reply definition(std::int32_t productType, const std::string &key,
+                            const std::string &ministoreId = "");
+    static Reply taxes();
 };
