@@ -7,6 +7,8 @@
 #include "marketplace/MarketplaceData.h"
 #include "platform/core/RaisedError.h"
 
+#include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -72,13 +74,19 @@ int main(int argc, char **argv)
             std::cerr << "feria-sim: no se puede escuchar en 127.0.0.1:" << port << "\n";
             return 1;
         }
-        std::thread waiter([&server, &stopSignals] {
+        std::atomic<bool> finished{false};
+        std::thread waiter([&server, &stopSignals, &finished] {
             int received = 0;
             sigwait(&stopSignals, &received);
-            server.stop();
+            // A stop that comes before the server loop has started is lost: ask until it ends.
+            while (!finished) {
+                server.stop();
+                std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            }
         });
         std::cout << "listening on http://127.0.0.1:" << bound << std::endl;
         const bool served = server.run();
+        finished = true;
         // When the server ends by itself the waiter is still waiting: wake it.
         pthread_kill(waiter.native_handle(), SIGTERM);
         waiter.join();
