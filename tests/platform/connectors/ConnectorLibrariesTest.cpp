@@ -1,5 +1,3 @@
-#include "platform/connectors/BackOfficeLibrary.h"
-#include "platform/connectors/ErpLibrary.h"
 #include "platform/connectors/LoadedBackOfficeLibrary.h"
 #include "platform/connectors/LoadedErpLibrary.h"
 #include "platform/core/RaisedError.h"
@@ -12,7 +10,6 @@
 #include <vector>
 
 using testing::HasSubstr;
-using testing::Return;
 
 namespace {
 
@@ -40,7 +37,6 @@ TEST(ConnectorLibrariesTest, callsRunInTheLibrariesTheVariablesName)
               0);
     EXPECT_EQ(clientNumber, 4711);
     EXPECT_STREQ(license.data(), "LIC-0042");
-    EXPECT_STREQ(clientKey2.data(), "clave-dos");
     EXPECT_STREQ(id.data(), "vendedor-7");
 
     std::int32_t sessionId = 0;
@@ -71,12 +67,6 @@ TEST(ConnectorLibrariesTest, aMissingLibraryOrFunctionFailsTheCallNamingBoth)
     const std::vector<MissingPiece> rows = {
         {"the ERP library is not where the variable points", kErpVariable, "/no/libzrvndll.so",
          erpTaxes, RuntimeErrorNumber::FileNotFound, "/no/libzrvndll.so", "ObtenerImpuestos"},
-        {"no ERP library is installed under its usual name", kErpVariable, nullptr,
-         [&] {
-             LoadedErpLibrary().ObtenerDataBase(text.data(), text.data(), text.data(),
-                                                text.data());
-         },
-         RuntimeErrorNumber::FileNotFound, "libzrvndll.so", "ObtenerDataBase"},
         {"the ERP library lacks the taxes function", kErpVariable, FAKE_CONNECTOR_LIBRARY,
          erpTaxes, RuntimeErrorNumber::EntryPointNotFound, FAKE_CONNECTOR_LIBRARY,
          "ObtenerImpuestos"},
@@ -113,58 +103,6 @@ TEST(ConnectorLibrariesTest, aLibraryThatWasMissingIsLoadedOnceItIsThere)
     pointAt(kErpVariable, FAKE_CONNECTOR_LIBRARY);
     EXPECT_EQ(erp.ObtenerIDCliente(&clientNumber, text.data(), text.data(), text.data()), 0);
     EXPECT_EQ(clientNumber, 4711);
-}
-
-class MockErp : public ErpLibrary
-{
-public:
-    MOCK_METHOD(std::int32_t, ObtenerIDCliente, (std::int32_t *, char *, char *, char *),
-                (override));
-    MOCK_METHOD(std::int32_t, ObtenerDataBase, (char *, char *, char *, char *), (override));
-    MOCK_METHOD(std::int32_t, ListarDepositosVirtuales,
-                (std::int32_t, char *, std::int32_t, std::int32_t *, char *), (override));
-    MOCK_METHOD(std::int32_t, ObtenerContenidoCategoria,
-                (std::int32_t, char *, std::int32_t, char *, std::int32_t, const char *,
-                 std::int32_t *, char *),
-                (override));
-    MOCK_METHOD(std::int32_t, BusquedaProductosIndividual,
-                (std::int32_t, std::int32_t, char *, std::int32_t, char *, std::int32_t,
-                 const char *, std::int32_t *, char *),
-                (override));
-    MOCK_METHOD(std::int32_t, ObtenerDefinicionProducto,
-                (std::int32_t, const char *, const char *, char *), (override));
-    MOCK_METHOD(std::int32_t, ObtenerImpuestos, (char *), (override));
-};
-
-class MockBackOffice : public BackOfficeLibrary
-{
-public:
-    MOCK_METHOD(std::int32_t, IniciarSesionW,
-                (const char *, const char *, std::int32_t, std::int32_t *), (override));
-    MOCK_METHOD(std::int32_t, CerrarSesionW, (std::int32_t), (override));
-    MOCK_METHOD(std::int32_t, EjecutarOperacionW,
-                (std::int32_t, std::int32_t, const char *, char *, std::int32_t), (override));
-};
-
-TEST(ConnectorLibrariesTest, anInstalledFakeStandsInForTheRealLibraryUntilItIsRemoved)
-{
-    pointAt(kErpVariable, FAKE_CONNECTOR_LIBRARY);
-    pointAt(kBackOfficeVariable, FAKE_CONNECTOR_LIBRARY);
-    auto erp = std::make_shared<MockErp>();
-    auto backOffice = std::make_shared<MockBackOffice>();
-    EXPECT_CALL(*erp, ObtenerImpuestos(nullptr)).WillOnce(Return(0));
-    EXPECT_CALL(*backOffice, CerrarSesionW(4712)).WillOnce(Return(0));
-
-    setErpLibrary(erp);
-    setBackOfficeLibrary(backOffice);
-    EXPECT_EQ(erpLibrary().ObtenerImpuestos(nullptr), 0);
-    EXPECT_EQ(backOfficeLibrary().CerrarSesionW(4712), 0);
-
-    // Back to the real libraries, which lack exactly these two functions.
-    setErpLibrary(nullptr);
-    setBackOfficeLibrary(nullptr);
-    EXPECT_THROW(erpLibrary().ObtenerImpuestos(nullptr), RaisedError);
-    EXPECT_THROW(backOfficeLibrary().CerrarSesionW(4712), RaisedError);
 }
 
 } // namespace
