@@ -1,4 +1,4 @@
-#include "TestDatabase.h"
+#include "SellerDatabaseSandbox.h"
 #include "platform/core/RaisedError.h"
 #include "platform/db/Connection.h"
 
@@ -26,7 +26,7 @@ protected:
 
     std::string count() { return db.execute(Sql("SELECT count(*) FROM WIPRODASOC")).fieldText(0); }
 
-    TestDatabase data;
+    SellerDatabaseSandbox data;
     const std::string connectionString =
         "Driver={SQL Server};Server=servidor;Uid=usuario;Pwd=clave;Database=" +
         (data.dir() / "odbc.db").string();

