@@ -17,7 +17,6 @@
 
 #include <fstream>
 #include <httplib.h>
-#include <set>
 
 namespace {
 
@@ -30,38 +29,16 @@ template <class Source> bool ended(Source &source)
         return source.allRead() != 0;
 }
 
-/// Reads every page from the first, as a page does, handing each to `read`; gives their sizes.
-template <class Source, class Read> std::vector<int> everyPage(Source &source, Read read)
+/// Reads every page from the first, as a page does; gives their sizes.
+template <class Source> std::vector<int> everyPage(Source &source)
 {
     std::vector<int> sizes;
     for (source.StartQuery(); sizes.size() < 100; source.GetMore()) {
         sizes.push_back(source.products()->count());
-        read(*source.products());
         if (ended(source))
             break;
     }
     return sizes;
-}
-template <class Source> std::vector<int> everyPage(Source &source)
-{
-    return everyPage(source, [](auto &) {});
-}
-
-/// Visits every category of the tree below `root`; gives the deepest level reached.
-template <class Category, class Visit>
-int everyCategory(std::shared_ptr<Category> root, Visit visit)
-{
-    int deepest = 0;
-    std::vector<std::pair<std::shared_ptr<Category>, int>> pending{{root, 0}};
-    while (!pending.empty()) {
-        const auto [category, depth] = pending.back();
-        pending.pop_back();
-        deepest = std::max(deepest, depth);
-        visit(*category);
-        for (const auto &child : *category->children())
-            pending.emplace_back(child, depth + 1);
-    }
-    return deepest;
 }
 
 class CatalogueSandboxTest : public CatalogueTest
@@ -165,38 +142,4 @@ TEST_F(CatalogueSandboxTest, theMarketplaceRecordsTheSellersRequests)
     const std::string state = marketplaceState();
     EXPECT_NE(state.find("Escalada en roca"), std::string::npos) << state;
     EXPECT_NE(state.find("Cuerda dinámica"), std::string::npos) << state;
-}
-
-TEST_F(CatalogueSandboxTest, theDemoMarketplaceIsDeepAndFullEnoughForTheWizards)
-{
-    const std::set<std::string> priceBlock{"Cy_List_Price",     "PromoPrice",     "WholeSalePrice",
-                                           "WholeSaleQuantity", "Group1Price",    "Group1Quantity",
-                                           "Group2Price",       "Group2Quantity", "Group3Price",
-                                           "Group3Quantity",    "Group4Price",    "Group4Quantity",
-                                           "Group5Price",       "Group5Quantity"};
-    std::set<std::string> products, dataTypes, templates, priced;
-    const int depth = everyCategory(ZorvantaService().RootCategory(), [&](auto &category) {
-        everyPage(category, [&](auto &page) {
-            for (const auto &product : page)
-                products.insert(product->id());
-        });
-        for (const auto &definition : *category.productDefinitions()) {
-            templates.insert(definition->id());
-            std::set<std::string> ids;
-            for (const auto &property : *definition->properties()) {
-                dataTypes.insert(property->dataType());
-                ids.insert(property->id());
-            }
-            if (std::includes(ids.begin(), ids.end(), priceBlock.begin(), priceBlock.end()))
-                priced.insert(definition->id());
-        }
-    });
-    EXPECT_GE(depth, 3);
-    EXPECT_GE(products.size(), 300u);
-    EXPECT_EQ(dataTypes, (std::set<std::string>{"String", "Integer", "Biginteger", "Float",
-                                                "Double", "Currency", "Boolean", "Datetime",
-                                                "FilePath", "Enumeration"}));
-    EXPECT_GE(templates.size(), 10u);
-    EXPECT_EQ(priced, templates);
-    EXPECT_TRUE(loggedErrors().empty());
 }

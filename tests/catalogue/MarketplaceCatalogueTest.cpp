@@ -231,14 +231,10 @@ TEST_F(MarketplaceCatalogueTest, aProductsPropertiesFallInThreeGroupsWithoutVari
     EXPECT_EQ(idsOf(shirt->variantProperties()), (Texts{"Color", "Talla"}));
     // Notes has type='C': any type at all makes a property non-characteristic.
     EXPECT_EQ(idsOf(shirt->NonCharacteristicProperties()), (Texts{"Price", "Notes", "Stock"}));
-    EXPECT_EQ(idsOf(shirt->properties()),
-              (Texts{"Name", "Price", "Notes", "Color", "Talla", "Stock"}));
     Texts values;
     for (const auto &value : *shirt->values())
         values.push_back(value->definition()->id() + "=" + value->value());
     EXPECT_EQ(values, (Texts{"Name=Camiseta", "Price=12,5", "Color=Rojo", "Stock=3"}));
-    EXPECT_TRUE(shirt->GetProperty("Color")->isVariant());
-    EXPECT_FALSE(shirt->GetProperty("Stock")->isVariant());
     EXPECT_EQ(marketplace.callsOf("GetProductInformation"), (std::vector<Texts>{{"ZP-1", "200"}}));
     EXPECT_TRUE(loggedErrors().empty());
 }
@@ -338,19 +334,4 @@ TEST_F(MarketplaceCatalogueTest, aRefusedRequestShowsItsBoxThenTheError)
               (Texts{"Solicitud de categoría falló, por favor intente más tarde",
                      "Error: -8500: Error de la aplicación. Contacte al administrador del "
                      "sistema"}));
-    const auto created = category()->RequestNewSubcategory("Escalada");
-    EXPECT_EQ(created->name(), "Escalada");
-    EXPECT_EQ(created->id(), "");
-}
-
-TEST_F(MarketplaceCatalogueTest, withoutTheSellersStoresNothingIsAskedFor)
-{
-    // The back office answers nothing about the stores: the seller's stores cannot be read.
-    setBackOfficeLibrary(std::make_shared<FakeBackOffice>());
-    std::string request = "<R/>";
-    category()->RequestNewProduct(request);
-    EXPECT_EQ(loggedErrors().back(), "Error: -10005 (ZorvantaProduct:Get properties): No existen "
-                                     "minitiendas para el cliente ");
-    EXPECT_EQ(request, "<R/>");
-    EXPECT_TRUE(marketplace.callsOf("RequestNewProduct").empty());
 }
