@@ -335,3 +335,15 @@ TEST_F(MarketplaceCatalogueTest, aRefusedRequestShowsItsBoxThenTheError)
                      "Error: -8500: Error de la aplicación. Contacte al administrador del "
                      "sistema"}));
 }
+
+TEST_F(MarketplaceCatalogueTest, withoutTheSellersStoresNothingIsAskedFor)
+{
+    // The back office answers nothing about the stores: the seller's stores cannot be read.
+    setBackOfficeLibrary(std::make_shared<FakeBackOffice>());
+    std::string request = "<R/>";
+    category()->RequestNewProduct(request);
+    EXPECT_EQ(loggedErrors().back(), "Error: -10005 (ZorvantaProduct:Get properties): No existen "
+                                     "minitiendas para el cliente ");
+    EXPECT_EQ(request, "<R/>");
+    EXPECT_TRUE(marketplace.callsOf("RequestNewProduct").empty());
+}

@@ -49,7 +49,7 @@ TEST(EmbeddedDatabaseTest, theEmbeddedTablesHaveTheServersColumns)
     EXPECT_EQ(rows, std::vector{serverColumns()});
 }
 
-TEST(EmbeddedDatabaseTest, initMakesTheDatabaseOnceAndThenLeavesItAlone)
+TEST(EmbeddedDatabaseTest, initMakesTheDatabaseOnceOrExplainsWhyItCannot)
 {
     SellerDatabaseSandbox data;
     const auto file = data.dir() / "sandbox" / "Tienda.sqlite3";
@@ -57,11 +57,7 @@ TEST(EmbeddedDatabaseTest, initMakesTheDatabaseOnceAndThenLeavesItAlone)
               std::pair(0, "Base de datos creada: " + file.string() + "\n"));
     EXPECT_EQ(runTool(data.dir() / "sandbox", "init Tienda"),
               std::pair(0, "Base de datos al día: " + file.string() + "\n"));
-}
 
-TEST(EmbeddedDatabaseTest, initExplainsWhyItCannotMakeTheDatabase)
-{
-    SellerDatabaseSandbox data;
     std::ofstream(data.dir() / "fichero") << "no es un directorio";
     std::ofstream(data.dir() / "Roto.sqlite3") << "esto no es una base de datos, aunque lo parezca";
     EXPECT_EQ(runTool(data.dir() / "fichero", "init Tienda").first, 1);
