@@ -58,8 +58,10 @@ public:
 
     const std::filesystem::path &dir() const { return m_dir; }
 
-private:
+    /// How the program reaches this database.
     static constexpr const char *kConnectionString =
         "Driver={SQL Server};Server=localhost;Uid=vendedor;Pwd=demo;Database=AsistenteDemo";
+
+private:
     std::filesystem::path m_dir;
 };

@@ -4,7 +4,7 @@
 // by itself (what the program does); 1 keeps one transaction open, which takes the disk out
 // of the figure and leaves the layer's own cost.
 
-#include "TestDatabase.h"
+#include "SellerDatabaseSandbox.h"
 #include "platform/db/Connection.h"
 #include "platform/db/ServerCollation.h"
 
@@ -16,9 +16,9 @@ namespace {
 
 void builderInsert(benchmark::State &state)
 {
-    TestDatabase data;
+    SellerDatabaseSandbox data;
     Connection db;
-    db.open(TestDatabase::connectionString(), 15);
+    db.open(SellerDatabaseSandbox::kConnectionString, 15);
     if (state.range(0))
         db.begin();
     const std::string dovel = "PRD-1042", zorvanta = "ZV-88310";
@@ -37,9 +37,9 @@ void builderInsert(benchmark::State &state)
 
 void rawInsert(benchmark::State &state)
 {
-    TestDatabase data;
+    SellerDatabaseSandbox data;
     sqlite3 *db = nullptr;
-    sqlite3_open_v2(embeddedDatabasePath("Vendedor").c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+    sqlite3_open_v2(embeddedDatabasePath("AsistenteDemo").c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
     sqlite3_busy_timeout(db, 15000);
     registerServerCollation(db);
     sqlite3_exec(db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
