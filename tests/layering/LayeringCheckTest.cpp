@@ -71,7 +71,8 @@ struct IncludeRow
 const IncludeRow kIncludeRows[] = {
     {"the frame uses the shell below it", "src/shell/frame/Frame.cpp", "#include \"shell/Log.h\"",
      nullptr},
-    {"the shell reaches up into the frame", "src/shell/Log.cpp", "#include \"shell/frame/Frame.h\"",
+    {"the shell reaches up into the frame", "src/shell/Log.cpp",
+     "#include \"shell/frame/Frame.h\"",
      "src/shell/Log.cpp:3: src/shell includes src/shell/frame (\"shell/frame/Frame.h\"), which "
      "is listed after it in ASISTENTE_SOURCE_DIRS"},
     {"the shell reaches into the frame by a name relative to its own folder", "src/shell/Log.cpp",
