@@ -25,6 +25,8 @@ endif()
 # asistente_add_library(<name> SOURCES ... [PUBLIC_DEPENDS ...] [DEPENDS ...] [QT_PCH])
 # A static library asistente_<name> with the alias asistente::<name>;
 # headers are included by their path under src/, as "platform/xml/XmlDocument.h".
+# So every library sees all of src/; the test "layering" (tests/layering) is what keeps each
+# include pointing down the ASISTENTE_SOURCE_DIRS list.
 function(asistente_add_library name)
     cmake_parse_arguments(ARG "QT_PCH" "" "SOURCES;PUBLIC_DEPENDS;DEPENDS" ${ARGN})
     add_library(asistente_${name} STATIC ${ARG_SOURCES})
