@@ -44,8 +44,8 @@ void Seller::GetClientInfo()
     // The ERP writes straight into the seller's strings, as the connector's caller-owned
     // buffers (a std::string keeps a NUL past its end), so a failed call leaves them as they
     // stood: NUL-filled, or holding what the first call wrote.
-    std::string *const fields[] = {&m_license, &m_clientKey2, &m_id,      &m_server,
-                                   &m_database, &m_user,      &m_password};
+    std::string *const fields[] = {&m_license,  &m_clientKey2, &m_id,      &m_server,
+                                   &m_database, &m_user,       &m_password};
     withHandler("Seller:Sub GetClientInfo", [&] {
         for (std::string *field : fields)
             field->assign(DovelAPI::kClientFieldSize, '\0');

@@ -309,8 +309,8 @@ TEST_F(MarketplaceCatalogueTest, anEnumerationIsExactlySpelledAndListsItsValuesI
          "<PropertyValues displayName='M'/><PropertyValues displayName='S'/>"
          "<PropertyValues displayName='XL'/>",
          Texts{"M", "S", "XL"}, nullptr},
-        {"another spelling is no enumeration", "enumeration",
-         "<PropertyValues displayName='M'/>", std::nullopt, nullptr},
+        {"another spelling is no enumeration", "enumeration", "<PropertyValues displayName='M'/>",
+         std::nullopt, nullptr},
         {"an enumeration without values", "Enumeration", "", std::nullopt,
          "Error: -10503 (ZorvantaProperty:Let xml): No existen valores para la enumeración "
          "Talla"},
@@ -318,9 +318,9 @@ TEST_F(MarketplaceCatalogueTest, anEnumerationIsExactlySpelledAndListsItsValuesI
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
         restart();
-        const auto talla = property(std::string("<Property id='Talla' name='T' dataType='") +
-                                    row.dataType + "' required='yes' readOnly='no'>" +
-                                    row.values + "</Property>");
+        const auto talla =
+            property(std::string("<Property id='Talla' name='T' dataType='") + row.dataType +
+                     "' required='yes' readOnly='no'>" + row.values + "</Property>");
         if (row.possibleValues) {
             ASSERT_NE(talla->possibleValues(), nullptr);
             Texts values;

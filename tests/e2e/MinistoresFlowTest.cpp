@@ -418,17 +418,18 @@ TEST_P(AbortTest, cancelAsksWithNoAsTheDefaultAndOnlyYesDropsTheOperation)
 
 INSTANTIATE_TEST_SUITE_P(
     MinistoresFlow, AbortTest,
-    testing::Values(
-        AbortCase{"choosingTheMinistore", "Depósito central", "Asociar", nullptr,
-                  "AssociateMinistore", "AssociateMinistore1", "Desea abortar la operación?"},
-        AbortCase{"choosingTheDeposit", "Andina Tecnología", "Asociar", nullptr,
-                  "AssociateDeposit", "AssociateDeposit1", "¿Desea abortar la operación?"},
-        AbortCase{"confirmingALink", "Depósito central", "Asociar", "Andina Hogar y Cocina",
-                  "ConfirmMinistoreAssociation", "ConfirmMinistoreAddition1",
-                  "¿Desea abortar la operación?"},
-        AbortCase{"confirmingAnUnlink", "Almacén de la tienda principal", "Desasociar", nullptr,
-                  "ConfirmMinistoreRemoval", "ConfirmMinistoreRemoval1",
-                  "¿Desea abortar la operación?"}),
+    testing::Values(AbortCase{"choosingTheMinistore", "Depósito central", "Asociar", nullptr,
+                              "AssociateMinistore", "AssociateMinistore1",
+                              "Desea abortar la operación?"},
+                    AbortCase{"choosingTheDeposit", "Andina Tecnología", "Asociar", nullptr,
+                              "AssociateDeposit", "AssociateDeposit1",
+                              "¿Desea abortar la operación?"},
+                    AbortCase{"confirmingALink", "Depósito central", "Asociar",
+                              "Andina Hogar y Cocina", "ConfirmMinistoreAssociation",
+                              "ConfirmMinistoreAddition1", "¿Desea abortar la operación?"},
+                    AbortCase{"confirmingAnUnlink", "Almacén de la tienda principal", "Desasociar",
+                              nullptr, "ConfirmMinistoreRemoval", "ConfirmMinistoreRemoval1",
+                              "¿Desea abortar la operación?"}),
     [](const testing::TestParamInfo<AbortCase> &row) { return std::string(row.param.name); });
 
 TEST_F(MinistoresFlowTest, aRightPasswordOnTheThirdTryPerforms)

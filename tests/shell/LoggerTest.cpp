@@ -3,7 +3,6 @@
 #include "shell/AppState.h"
 #include "shell/ErrorHandling.h"
 #include "shell/Logger.h"
-
 #include "platform/ui/LoadedWindows.h"
 
 #include <QCloseEvent>
@@ -206,8 +205,8 @@ TEST_F(FailurePathTest, aSourceAlreadySetSurvivesTheHandlersLabel)
 TEST_F(FailurePathTest, aRuntimeErrorIsFatalUnloadsEveryWindowLastFirstAndSilencesTheLog)
 {
     std::vector<std::string> unloaded;
-    RecordingWindow first("first", unloaded), hidden("hidden", unloaded),
-        last("last", unloaded), neverLoaded("neverLoaded", unloaded);
+    RecordingWindow first("first", unloaded), hidden("hidden", unloaded), last("last", unloaded),
+        neverLoaded("neverLoaded", unloaded);
     for (RecordingWindow *window : {&first, &hidden, &last}) {
         window->show();
         LoadedWindows::instance().load(*window);

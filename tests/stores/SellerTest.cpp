@@ -74,9 +74,13 @@ TEST_F(SellerTest, aFailingErpIsFatalNamesTheFunctionAndLeavesTheBuffersAsTheySt
     };
     const Row rows[] = {
         // The ERP wrote the keys before it failed; the second call was never made.
-        {"the client's keys fail", &FakeErp::clientCode, "ObtenerIDCliente",
+        {"the client's keys fail",
+         &FakeErp::clientCode,
+         "ObtenerIDCliente",
          {written("NUB-LIC-2026-0042"), written("V1042"), nul, nul, nul, nul}},
-        {"the database's coordinates fail", &FakeErp::databaseCode, "ObtenerDataBase",
+        {"the database's coordinates fail",
+         &FakeErp::databaseCode,
+         "ObtenerDataBase",
          {written("NUB-LIC-2026-0042"), written("V1042"), written("localhost"),
           written("AsistenteDemo"), written("vendedor"), written("demo")}},
     };
@@ -93,8 +97,7 @@ TEST_F(SellerTest, aFailingErpIsFatalNamesTheFunctionAndLeavesTheBuffersAsTheySt
                                                    std::string(row.function) +
                                                    " falló con código de error 3\"");
         EXPECT_EQ((std::vector<std::string>{seller.license(), seller.id(), seller.server(),
-                                            seller.database(), seller.user(),
-                                            seller.password()}),
+                                            seller.database(), seller.user(), seller.password()}),
                   row.texts);
         EXPECT_FALSE(gAppRunning);
         ui->clearBoxes();

@@ -187,9 +187,9 @@ TEST_F(ZorvantaMinistoreTest, theMarketplacesAnswerForEachTaxDecidesWhetherTheSt
         }
         const std::string number = row.error.substr(0, row.error.find(':'));
         ASSERT_EQ(logLines().size(), 1u);
-        EXPECT_EQ(logLines()[0].substr(21),
-                  "Error: " + number + " (ZorvantaMinistore:setTaxesInZorvanta): " +
-                      row.error.substr(number.size() + 2) + reply + "\"");
+        EXPECT_EQ(logLines()[0].substr(21), "Error: " + number +
+                                                " (ZorvantaMinistore:setTaxesInZorvanta): " +
+                                                row.error.substr(number.size() + 2) + reply + "\"");
         EXPECT_EQ(ui->boxTexts(),
                   std::vector<std::string>{
                       "Error: " + number + ": " +

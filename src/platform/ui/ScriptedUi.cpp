@@ -56,8 +56,8 @@ MessageAnswer ScriptedUi::msgBox(const std::string &text, MessageStyle style,
     const MessageAnswer answer = m_answers.front();
     m_answers.pop_front();
     if (!hasButton(buttons, answer))
-        m_misplacedAnswers.push_back(std::string("answer ") + nameOf(answer)
-                                     + " given to a box without that button: " + text);
+        m_misplacedAnswers.push_back(std::string("answer ") + nameOf(answer) +
+                                     " given to a box without that button: " + text);
     return answer;
 }
 
@@ -65,11 +65,10 @@ std::vector<std::string> ScriptedUi::scriptMistakes() const
 {
     std::vector<std::string> mistakes = m_misplacedAnswers;
     for (const MessageAnswer answer : m_answers)
-        mistakes.push_back(std::string("answer ") + nameOf(answer)
-                           + " queued for a box that never came");
+        mistakes.push_back(std::string("answer ") + nameOf(answer) +
+                           " queued for a box that never came");
     if (!m_dialogs.empty())
-        mistakes.push_back(std::to_string(m_dialogs.size())
-                           + " dialog(s) queued and never shown");
+        mistakes.push_back(std::to_string(m_dialogs.size()) + " dialog(s) queued and never shown");
     for (const std::string &path : m_fileNames)
         mistakes.push_back("file name queued and never asked for: " + path);
     return mistakes;
