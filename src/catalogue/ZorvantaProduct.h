@@ -61,6 +61,9 @@ public:
     /// is), ObjectNotSet (91) when the values were never read.
     std::shared_ptr<ZorvantaValue> GetValue(const std::string &id);
 
+    /// Reserved: always nothing.
+    std::shared_ptr<void> publishedProducts() const { return nullptr; }
+
 private:
     void readProductNode(const XmlNode &node);
     void readDefinitionNode(const XmlNode &node);

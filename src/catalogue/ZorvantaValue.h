@@ -34,6 +34,8 @@ public:
     /// document of its own until someone appends it elsewhere. Raises ObjectNotSet (91) when
     /// no definition is set.
     XmlNode xml() const;
+    /// Reserved: always the empty text.
+    std::string xmlString() const { return {}; }
 
 private:
     bool isDecimal() const;

@@ -5,8 +5,8 @@
 #include <QLocale>
 
 #include <cctype>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 
 std::string decimalSeparatorOf(const QLocale &locale)
@@ -29,6 +29,19 @@ std::int32_t roundedToInt32(double value)
 
 } // namespace
 
+std::optional<double> wireNumber(std::string_view text)
+{
+    // from_chars, not strtod: the process runs under the seller's locale, whose decimal
+    // separator may be ",", while every number on the wire and in the tables has a ".".
+    if (text.size() > 1 && text.front() == '+' && text[1] != '-')
+        text.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (text.empty() || error != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
+    return value;
+}
+
 std::int32_t leadingNumber(const std::string &text)
 {
     std::size_t i = 0;
@@ -37,26 +50,31 @@ std::int32_t leadingNumber(const std::string &text)
     std::size_t end = i;
     if (end < text.size() && (text[end] == '-' || text[end] == '+'))
         ++end;
+    std::size_t digitCount = 0;
     const auto digits = [&] {
-        while (end < text.size() && std::isdigit(static_cast<unsigned char>(text[end])))
-            ++end;
+        for (; end < text.size() && std::isdigit(static_cast<unsigned char>(text[end])); ++end)
+            ++digitCount;
     };
     digits();
     if (end < text.size() && text[end] == '.') {
         ++end;
         digits();
     }
-    return roundedToInt32(std::strtod(text.substr(i, end - i).c_str(), nullptr));
+    if (digitCount == 0) // a sign or a point alone reads as nothing
+        return 0;
+    const std::optional<double> value = wireNumber(std::string_view(text).substr(i, end - i));
+    if (!value)
+        raiseRuntimeError(RuntimeErrorNumber::Overflow);
+    return roundedToInt32(*value);
 }
 
 std::int32_t wholeNumber(const std::string &text)
 {
     const std::string trimmed = QString::fromStdString(text).trimmed().toStdString();
-    char *end = nullptr;
-    const double value = std::strtod(trimmed.c_str(), &end);
-    if (trimmed.empty() || end != trimmed.c_str() + trimmed.size() || !std::isfinite(value))
+    const std::optional<double> value = wireNumber(trimmed);
+    if (!value || !std::isfinite(*value))
         raiseRuntimeError(RuntimeErrorNumber::TypeMismatch);
-    return roundedToInt32(value);
+    return roundedToInt32(*value);
 }
 
 double MaxOf(double a, double b)

@@ -3,7 +3,9 @@
 #include <QDateTime>
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 /// The decimal separator of the user's locale, read once when the program starts. Tests may
 /// assign it.
@@ -22,6 +24,10 @@ QDateTime convertToDate(const std::string &text);
 /// year-month-day hour:minute:second with no padding (2004-3-12 8:9:0), for the database and
 /// for documents, where a date must not depend on the locale.
 std::string convertToString(const QDateTime &value);
+
+/// A number as the wire and the tables write it ("12.5", "-3", "+7", "1e3"), whatever the
+/// process's locale; nothing when `text` is anything else, or beyond a double's range.
+std::optional<double> wireNumber(std::string_view text);
 
 /// The leading number of `text` as a lenient reader takes it: blanks skipped, a sign, digits and
 /// a decimal part ("12abc" is 12, "abc" and "" are 0), rounded half to even. Overflow beyond

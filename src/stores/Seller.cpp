@@ -41,34 +41,30 @@ std::string Seller::connectionString() const
 
 void Seller::GetClientInfo()
 {
+    // The ERP writes straight into the seller's strings, as the connector's caller-owned
+    // buffers (a std::string keeps a NUL past its end), so a failed call leaves them as they
+    // stood: NUL-filled, or holding what the first call wrote.
+    std::string *const fields[] = {&m_license,  &m_clientKey2, &m_id,      &m_server,
+                                   &m_database, &m_user,       &m_password};
     withHandler("Seller:Sub GetClientInfo", [&] {
-        ConnectorBuffer license(DovelAPI::kClientFieldSize);
-        ConnectorBuffer clientKey2(DovelAPI::kClientFieldSize);
-        ConnectorBuffer id(DovelAPI::kClientFieldSize);
-        ConnectorBuffer server(DovelAPI::kClientFieldSize);
-        ConnectorBuffer database(DovelAPI::kClientFieldSize);
-        ConnectorBuffer user(DovelAPI::kClientFieldSize);
-        ConnectorBuffer password(DovelAPI::kClientFieldSize);
+        for (std::string *field : fields)
+            field->assign(DovelAPI::kClientFieldSize, '\0');
         ErpLibrary &erp = erpLibrary();
-        std::int32_t code =
-            erp.ObtenerIDCliente(&m_clientNumber, license.data(), clientKey2.data(), id.data());
+        std::int32_t code = erp.ObtenerIDCliente(&m_clientNumber, m_license.data(),
+                                                 m_clientKey2.data(), m_id.data());
         if (code != 0)
             raiseError(-11001,
                        "APIDovel.ObtenerIDCliente falló con código de error " +
                            std::to_string(code),
                        "Seller:GetClientInfo");
-        code = erp.ObtenerDataBase(server.data(), database.data(), user.data(), password.data());
+        code = erp.ObtenerDataBase(m_server.data(), m_database.data(), m_user.data(),
+                                   m_password.data());
         if (code != 0)
             raiseError(-11001,
                        "APIDovel.ObtenerDataBase falló con código de error " + std::to_string(code),
                        "Seller:GetClientInfo");
-        m_license = license.text();
-        m_clientKey2 = clientKey2.text();
-        m_id = id.text();
-        m_server = server.text();
-        m_database = database.text();
-        m_user = user.text();
-        m_password = password.text();
+        for (std::string *field : fields)
+            field->resize(std::char_traits<char>::length(field->c_str()));
     });
 }
 

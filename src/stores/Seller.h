@@ -25,6 +25,9 @@ public:
     ~Seller() override;
 
     std::int32_t ClassDebugID() const { return m_classDebugId; }
+    // The seven texts the ERP gives. After a failed read they keep the ERP's buffers as they
+    // stood: 256 NUL characters, or the first call's values followed by NUL.
+
     /// First client key given by the ERP.
     const std::string &license() const { return m_license; }
     /// The seller's id in the marketplace.

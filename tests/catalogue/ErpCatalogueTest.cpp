@@ -171,10 +171,13 @@ TEST_F(ErpCatalogueTest, aCategoryEndsWhereTheErpsCodeSaysAndThenStillAsksIt)
         EXPECT_EQ(category.products()->count(), code == 6007 ? 0 : 2);
         EXPECT_EQ(idsOf(category.children()), (Texts{"C1", "C2"}));
         EXPECT_EQ(erp->calls.back().direction, forward ? 0 : 1);
+        // A category asks again even after its end, and an ended walk reads nothing more.
         const std::size_t asked = erp->calls.size();
-        erp->queue(kContents, 6007, categoryReply(""));
+        erp->queue(kContents, 0, categoryReply(lines(3, 4)));
         category.GetMore();
-        EXPECT_EQ(erp->calls.size(), asked + 1) << "a category asks again even after its end";
+        EXPECT_EQ(erp->calls.size(), asked + 1);
+        EXPECT_EQ(category.allRead(), allRead);
+        EXPECT_EQ(category.products()->count(), std::string(allRead) == "True" ? 0 : 2);
     }
     EXPECT_TRUE(loggedErrors().empty());
 }

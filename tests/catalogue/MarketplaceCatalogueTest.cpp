@@ -16,6 +16,7 @@
 #include <deque>
 #include <httplib.h>
 #include <map>
+#include <optional>
 #include <thread>
 
 namespace {
@@ -276,18 +277,93 @@ TEST_F(MarketplaceCatalogueTest, aFailedReadGivesNothingOnceThenWhatWasReadWitho
 TEST_F(MarketplaceCatalogueTest, afterTheLastPageTheSamePageIsAskedForAgainAndGivesNothing)
 {
     marketplace.queue("GetCategoryContent", page(50));
-    marketplace.queue("GetCategoryContent", page(3));
-    marketplace.queue("GetCategoryContent", page(3));
+    for (int call = 0; call < 3; ++call)
+        marketplace.queue("GetCategoryContent", page(3));
     const auto walked = category();
     walked->StartQuery();
     EXPECT_FALSE(walked->allRead()) << "a full page may be followed by an empty one";
     walked->GetMore();
     EXPECT_TRUE(walked->allRead());
-    walked->GetMore();
-    EXPECT_TRUE(walked->products()->empty());
-    EXPECT_EQ(
-        marketplace.callsOf("GetCategoryContent"),
-        (std::vector<Texts>{{"ZC-310", "1", "50"}, {"ZC-310", "2", "50"}, {"ZC-310", "3", "50"}}));
+    for (int call = 0; call < 2; ++call) {
+        walked->GetMore();
+        EXPECT_TRUE(walked->products()->empty());
+    }
+    // The page after the last is asked for, and asked for again: the count does not move.
+    EXPECT_EQ(marketplace.callsOf("GetCategoryContent"),
+              (std::vector<Texts>{{"ZC-310", "1", "50"},
+                                  {"ZC-310", "2", "50"},
+                                  {"ZC-310", "3", "50"},
+                                  {"ZC-310", "3", "50"}}));
+}
+
+TEST_F(MarketplaceCatalogueTest, anEnumerationIsExactlySpelledAndListsItsValuesInOrder)
+{
+    struct Row
+    {
+        const char *name, *dataType, *values;
+        std::optional<Texts> possibleValues;
+        const char *error;
+    };
+    const Row rows[] = {
+        {"values in document order", "Enumeration",
+         "<PropertyValues displayName='M'/><PropertyValues displayName='S'/>"
+         "<PropertyValues displayName='XL'/>",
+         Texts{"M", "S", "XL"}, nullptr},
+        {"another spelling is no enumeration", "enumeration", "<PropertyValues displayName='M'/>",
+         std::nullopt, nullptr},
+        {"an enumeration without values", "Enumeration", "", std::nullopt,
+         "Error: -10503 (ZorvantaProperty:Let xml): No existen valores para la enumeración "
+         "Talla"},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        restart();
+        const auto talla =
+            property(std::string("<Property id='Talla' name='T' dataType='") + row.dataType +
+                     "' required='yes' readOnly='no'>" + row.values + "</Property>");
+        if (row.possibleValues) {
+            ASSERT_NE(talla->possibleValues(), nullptr);
+            Texts values;
+            for (const std::string &value : *talla->possibleValues())
+                values.push_back(value);
+            EXPECT_EQ(values, *row.possibleValues);
+        } else {
+            EXPECT_EQ(talla->possibleValues(), nullptr);
+        }
+        EXPECT_EQ(loggedErrors(), row.error ? Texts{row.error} : Texts{});
+        EXPECT_TRUE(gAppRunning);
+    }
+}
+
+TEST_F(MarketplaceCatalogueTest, everyTemplateOfACategoryIsReadWithTheOneSharedDefinitionList)
+{
+    marketplace.queue(
+        "GetProductDefinition",
+        reply("GetProductDefinition",
+              kDefinitions +
+                  std::string("<Definitions><Definition name='pdCamiseta'><Properties>"
+                              "<Property id='Name'/><Property id='Price'/></Properties>"
+                              "<VariantProperties><Property id='Talla'/><Property id='Stock'/>"
+                              "</VariantProperties></Definition><Definition name='pdGorra' "
+                              "DefinitionType='B'><Properties><Property id='Name'/>"
+                              "<Property id='Color'/><Property id='ERPID'/></Properties>"
+                              "</Definition><Definition name='pdBolso'><Properties>"
+                              "<Property id='Notes'/></Properties></Definition></Definitions>")));
+    const auto templates = category()->productDefinitions();
+    ASSERT_NE(templates, nullptr);
+    EXPECT_EQ(idsOf(templates), (Texts{"pdCamiseta", "pdGorra", "pdBolso"}));
+    const auto shirt = templates->item(1);
+    const auto cap = templates->item(2);
+    const auto bag = templates->item(3);
+    EXPECT_EQ(idsOf(shirt->properties()), (Texts{"Name", "Price", "Talla", "Stock"}));
+    EXPECT_EQ(idsOf(shirt->variantProperties()), Texts{"Talla"});
+    EXPECT_EQ(idsOf(shirt->NonCharacteristicProperties()), (Texts{"Price", "Stock"}));
+    // A template keeps the seller's ERP code, which only a product drops.
+    EXPECT_EQ(idsOf(cap->properties()), (Texts{"Name", "Color", "ERPID"}));
+    EXPECT_EQ(idsOf(bag->NonCharacteristicProperties()), Texts{"Notes"});
+    EXPECT_EQ(shirt->values(), nullptr);
+    EXPECT_TRUE(loggedErrors().empty());
+    EXPECT_EQ(marketplace.callsOf("GetProductDefinition"), std::vector<Texts>{{"ZC-310"}});
 }
 
 TEST_F(MarketplaceCatalogueTest, aDuplicateIdInAPageIsFatal)

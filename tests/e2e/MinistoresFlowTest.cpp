@@ -151,7 +151,7 @@ TEST_F(MinistoresFlowTest, linkingAFreeDepositToAFreeMinistoreWritesTheLinkAndSh
     EXPECT_EQ(wizard->currentPageKey(), "Show");
     EXPECT_EQ(wizard->operation(), nullptr);
     EXPECT_EQ(rows("ShowMinistores1").front(), "Depósito central|Andina Tecnología|Activa");
-    EXPECT_TRUE(ui->boxes().empty());
+    EXPECT_EQ(ui->seen(), std::vector<std::string>{"[ValidateUserForm]"});
 }
 
 TEST_F(MinistoresFlowTest, unlinkingDeletesTheLinkAndFreesBothHalves)
@@ -207,9 +207,9 @@ TEST_P(RefusalTest, isShownInWordsAndTheWizardGoesOn)
     willType(refusal.unlink ? "jorge" : "carmen", refusal.unlink ? "montana7" : "andina2026");
     click(refusal.unlink ? "ConfirmMinistoreRemoval1" : "ConfirmMinistoreAddition1", "Accept");
 
-    ASSERT_EQ(ui->boxes().size(), 1u);
-    EXPECT_EQ(ui->boxes()[0].text, refusal.box);
-    EXPECT_EQ(ui->boxes()[0].style, MessageStyle::Plain);
+    // The credentials are asked first; only then does the refusal come.
+    EXPECT_THAT(ui->seen(), ElementsAre("[ValidateUserForm]", refusal.box));
+    EXPECT_EQ(ui->boxes().at(0).style, MessageStyle::Plain);
     EXPECT_TRUE(gAppRunning);
     EXPECT_EQ(wizard->currentPageKey(), "Show");
 }
@@ -253,7 +253,7 @@ TEST_F(MinistoresFlowTest, threeWrongPasswordsCancelTheOperation)
     EXPECT_TRUE(links().empty());
 }
 
-TEST_F(MinistoresFlowTest, cancellingTheDialogKeepsThePageAndTheOperation)
+TEST_F(MinistoresFlowTest, cancellingTheDialogKeepsThePageAndANewAceptarHasThreeTriesAgain)
 {
     openWizard();
     chooseLink("Depósito central", "Andina Hogar y Cocina");
@@ -262,11 +262,23 @@ TEST_F(MinistoresFlowTest, cancellingTheDialogKeepsThePageAndTheOperation)
     willType("", "", false);
     click("ConfirmMinistoreAddition1", "Accept");
 
-    EXPECT_EQ(ui->boxTexts(),
-              (std::vector<std::string>{"Usuario o Clave Erronea", "Operación Cancelada"}));
+    EXPECT_THAT(ui->seen(), ElementsAre("[ValidateUserForm]", "Usuario o Clave Erronea",
+                                        "[ValidateUserForm]", "Operación Cancelada"));
     EXPECT_EQ(ui->boxes().back().title, "Información");
     EXPECT_EQ(wizard->currentPageKey(), "ConfirmMinistoreAssociation");
     EXPECT_EQ(wizard->operation(), operation);
+
+    ui->clearBoxes();
+    for (int attempt = 0; attempt < 3; ++attempt)
+        willType("carmen", "equivocada");
+    click("ConfirmMinistoreAddition1", "Accept");
+    EXPECT_THAT(ui->seen(),
+                ElementsAre("[ValidateUserForm]", "Usuario o Clave Erronea", "[ValidateUserForm]",
+                            "Usuario o Clave Erronea", "[ValidateUserForm]",
+                            "Usuario o Clave Erronea. Demasiados Reintentos. Operación "
+                            "Cancelada"));
+    EXPECT_EQ(wizard->currentPageKey(), "Show");
+    EXPECT_TRUE(links().empty());
 }
 
 TEST_F(MinistoresFlowTest, backFromTheDepositPageSelectsTheMinistoreWhereTheUserBegan)
@@ -296,6 +308,129 @@ TEST_F(MinistoresFlowTest, withEveryMinistoreLinkedNothingCanBeAssociated)
                        view->visualItemRect(view->currentItem()).center());
     EXPECT_EQ(wizard->currentPageKey(), "Show");
 }
+
+TEST_F(MinistoresFlowTest, aDoubleClickOnAFreeDepositStartsItsAssociation)
+{
+    openWizard();
+    clickRow("ShowMinistores1", "Bodega de devoluciones");
+    QTreeWidget *view = list("ShowMinistores1");
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
+                       view->visualItemRect(view->currentItem()).center());
+
+    ASSERT_EQ(wizard->currentPageKey(), "AssociateMinistore");
+    EXPECT_EQ(labelText("AssociateMinistore1", "Label1"), "DV-04 : Bodega de devoluciones");
+    ASSERT_NE(wizard->operation(), nullptr);
+    EXPECT_EQ(wizard->operation()->operationType(), "MinistoreAddition");
+}
+
+TEST_F(MinistoresFlowTest, backFromTheRemovalPageKeepsTheOperationAndTheRow)
+{
+    database->execute(Sql("INSERT INTO WITIENDAS VALUES ('200', 'Andina Deportes', 'DV-02')"));
+    openWizard();
+    clickRow("ShowMinistores1", "Almacén de la tienda principal");
+    click("ShowMinistores1", "Desasociar");
+    const auto removal = wizard->operation();
+    click("ConfirmMinistoreRemoval1", "Back");
+
+    EXPECT_EQ(wizard->currentPageKey(), "Show");
+    EXPECT_EQ(wizard->operation(), removal);
+    EXPECT_THAT(selectedRow("ShowMinistores1"), testing::StartsWith("Almacén de la tienda"));
+    EXPECT_TRUE(ui->seen().empty());
+    EXPECT_EQ(links().size(), 1u);
+}
+
+TEST_F(MinistoresFlowTest, leavingTheWizardAsksAndComingBackFindsTheOperationUnderWay)
+{
+    openWizard();
+    clickRow("ShowMinistores1", "Andina Tecnología");
+    click("ShowMinistores1", "Asociar");
+    const auto addition = wizard->operation();
+
+    ui->queueAnswer(MessageAnswer::No);
+    QTest::keyRelease(window, Qt::Key_Escape);
+    EXPECT_EQ(window->currentPageKey(), "Ministores");
+    EXPECT_EQ(wizard->currentPageKey(), "AssociateDeposit");
+
+    ui->queueAnswer(MessageAnswer::Yes);
+    QTest::keyRelease(window, Qt::Key_Escape);
+    EXPECT_EQ(window->currentPageKey(), "Stop");
+    EXPECT_EQ(wizard->operation(), addition);
+
+    QTest::keyRelease(window, Qt::Key_F2);
+    EXPECT_EQ(wizard->currentPageKey(), "Show");
+    EXPECT_EQ(selectedRow("ShowMinistores1"), "|Andina Tecnología|Activa");
+    EXPECT_EQ(wizard->operation(), addition);
+    EXPECT_EQ(ui->boxTexts(), std::vector<std::string>(2, "¿Desea abortar la operación?"));
+}
+
+struct AbortCase
+{
+    const char *name;
+    const char *row;       // clicked on the list
+    const char *button;    // then pressed on the list
+    const char *ministore; // chosen on the next page, when the case goes that far
+    const char *key, *page, *question;
+};
+
+void PrintTo(const AbortCase &row, std::ostream *out)
+{
+    *out << row.name;
+}
+
+class AbortTest : public MinistoresFlowTest, public testing::WithParamInterface<AbortCase>
+{
+};
+
+TEST_P(AbortTest, cancelAsksWithNoAsTheDefaultAndOnlyYesDropsTheOperation)
+{
+    const AbortCase &row = GetParam();
+    database->execute(Sql("INSERT INTO WITIENDAS VALUES ('200', 'Andina Deportes', 'DV-02')"));
+    openWizard();
+    clickRow("ShowMinistores1", row.row);
+    click("ShowMinistores1", row.button);
+    if (row.ministore) {
+        clickRow("AssociateMinistore1", row.ministore);
+        click("AssociateMinistore1", "Forward");
+    }
+    ASSERT_EQ(wizard->currentPageKey(), row.key);
+    const auto operation = wizard->operation();
+    ASSERT_NE(operation, nullptr);
+
+    ui->queueAnswer(MessageAnswer::No);
+    click(row.page, "Cancel");
+    EXPECT_EQ(wizard->currentPageKey(), row.key);
+    EXPECT_EQ(wizard->operation(), operation);
+
+    ui->queueAnswer(MessageAnswer::Yes);
+    click(row.page, "Cancel");
+    EXPECT_EQ(wizard->currentPageKey(), "Show");
+    EXPECT_EQ(wizard->operation(), nullptr);
+
+    ASSERT_EQ(ui->boxes().size(), 2u);
+    for (const RecordedBox &box : ui->boxes()) {
+        EXPECT_EQ(box.text, row.question);
+        EXPECT_EQ(box.title, "Confirmación");
+        EXPECT_EQ(box.style, MessageStyle::Question);
+        EXPECT_EQ(box.buttons, MessageButtons::YesNo);
+        EXPECT_EQ(box.defaultButton, 2) << "No is the default";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    MinistoresFlow, AbortTest,
+    testing::Values(AbortCase{"choosingTheMinistore", "Depósito central", "Asociar", nullptr,
+                              "AssociateMinistore", "AssociateMinistore1",
+                              "Desea abortar la operación?"},
+                    AbortCase{"choosingTheDeposit", "Andina Tecnología", "Asociar", nullptr,
+                              "AssociateDeposit", "AssociateDeposit1",
+                              "¿Desea abortar la operación?"},
+                    AbortCase{"confirmingALink", "Depósito central", "Asociar",
+                              "Andina Hogar y Cocina", "ConfirmMinistoreAssociation",
+                              "ConfirmMinistoreAddition1", "¿Desea abortar la operación?"},
+                    AbortCase{"confirmingAnUnlink", "Almacén de la tienda principal", "Desasociar",
+                              nullptr, "ConfirmMinistoreRemoval", "ConfirmMinistoreRemoval1",
+                              "¿Desea abortar la operación?"}),
+    [](const testing::TestParamInfo<AbortCase> &row) { return std::string(row.param.name); });
 
 TEST_F(MinistoresFlowTest, aRightPasswordOnTheThirdTryPerforms)
 {

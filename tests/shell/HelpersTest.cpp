@@ -8,6 +8,7 @@
 
 #include <QLocale>
 
+#include <clocale>
 #include <limits>
 
 class BusyCursorTest : public ShellTest
@@ -92,11 +93,58 @@ TEST(DecimalSeparator, followsTheLocale)
     EXPECT_EQ(gDecimalSeparator.size(), 1u);
 }
 
-TEST(MaxMin, keepTheLargerAndTheSmaller)
+// The sellers' machines write 12,5: numbers that come off the wire must read the same there.
+class WireNumberTest : public ShellTest
 {
-    EXPECT_EQ(MaxOf(9000, 8000), 9000);
-    EXPECT_EQ(MaxOf(-1, 0), 0);
-    EXPECT_EQ(MinOf(2.5, 2.25), 2.25);
+protected:
+    void SetUp() override
+    {
+        ShellTest::SetUp();
+        m_previous = std::setlocale(LC_NUMERIC, nullptr);
+        if (!std::setlocale(LC_NUMERIC, "es_ES.UTF-8"))
+            GTEST_SKIP() << "es_ES.UTF-8 is not installed (scripts/install-deps makes it)";
+    }
+    void TearDown() override
+    {
+        std::setlocale(LC_NUMERIC, m_previous.c_str());
+        ShellTest::TearDown();
+    }
+
+private:
+    std::string m_previous;
+};
+
+TEST_F(WireNumberTest, aLenientReadTakesTheLeadingNumberWithAPoint)
+{
+    const std::pair<const char *, std::int32_t> rows[] = {
+        {"12.7", 13},  {"2.5", 2},   {"3.5", 4},   {"  -2.5", -2}, {"+7", 7},
+        {"12abc", 12}, {"5,9", 5},   {"abc", 0},   {"", 0},        {"-", 0},
+        {".", 0},      {".6", 1},    {"12.", 12},
+    };
+    for (const auto &[text, number] : rows)
+        EXPECT_EQ(leadingNumber(text), number) << "«" << text << "»";
+}
+
+TEST_F(WireNumberTest, aWholeNumberIsTheWholeTextWithAPoint)
+{
+    const std::pair<const char *, std::int32_t> numbers[] = {
+        {"5.0", 5}, {" 42 ", 42}, {"2.5", 2}, {"-7", -7}, {"1e3", 1000}};
+    for (const auto &[text, number] : numbers)
+        EXPECT_EQ(wholeNumber(text), number) << "«" << text << "»";
+
+    const std::pair<const char *, std::int32_t> failures[] = {
+        {"5,0", RuntimeErrorNumber::TypeMismatch},   {"", RuntimeErrorNumber::TypeMismatch},
+        {"cinco", RuntimeErrorNumber::TypeMismatch}, {"5 0", RuntimeErrorNumber::TypeMismatch},
+        {"1e400", RuntimeErrorNumber::TypeMismatch}, {"3000000000", RuntimeErrorNumber::Overflow},
+    };
+    for (const auto &[text, number] : failures) {
+        try {
+            wholeNumber(text);
+            ADD_FAILURE() << "«" << text << "» read as a number";
+        } catch (const RaisedError &error) {
+            EXPECT_EQ(error.number(), number) << "«" << text << "»";
+        }
+    }
 }
 
 TEST(ClassDebugId, everyObjectGetsTheNextSerial)

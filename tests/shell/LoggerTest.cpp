@@ -3,13 +3,38 @@
 #include "shell/AppState.h"
 #include "shell/ErrorHandling.h"
 #include "shell/Logger.h"
+#include "platform/ui/LoadedWindows.h"
 
+#include <QCloseEvent>
+#include <QDialog>
 #include <QWidget>
 
 #include <fstream>
 
 
 namespace {
+
+/// A window that notes when it is asked to close, and may refuse.
+class RecordingWindow : public QWidget
+{
+public:
+    RecordingWindow(std::string name, std::vector<std::string> &unloaded)
+        : m_name(std::move(name)), m_unloaded(unloaded)
+    {
+    }
+    bool refuses = false;
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        m_unloaded.push_back(m_name);
+        event->setAccepted(!refuses);
+    }
+
+private:
+    std::string m_name;
+    std::vector<std::string> &m_unloaded;
+};
 
 struct Band
 {
@@ -60,22 +85,6 @@ TEST(LoggerClassification, everyBandEdge)
         EXPECT_EQ(gLogger.getTypeError(band.number), band.type);
         EXPECT_EQ(gLogger.getSourceError(band.number), band.source);
     }
-}
-
-TEST(LoggerClassification, publicValuesOfBothClassifications)
-{
-    const Logger logger;
-    EXPECT_EQ(logger.errorTypeNone, 5);
-    EXPECT_EQ(logger.errorTypeUser, 0);
-    EXPECT_EQ(logger.errorTypeApplication, 1);
-    EXPECT_EQ(logger.errorTypeFatal, 2);
-    EXPECT_EQ(logger.errorTypeUnknown, -1);
-    EXPECT_EQ(logger.errorSourceConnector, 0);
-    EXPECT_EQ(logger.errorSourceSystem, 1);
-    EXPECT_EQ(logger.errorSourceBand2, 2);
-    EXPECT_EQ(logger.errorSourceBand3, 3);
-    EXPECT_EQ(logger.errorSourceBand4, 4);
-    EXPECT_EQ(logger.errorSourceUnknown, -1);
 }
 
 class ShowErrorTest : public ShellTest
@@ -193,11 +202,17 @@ TEST_F(FailurePathTest, aSourceAlreadySetSurvivesTheHandlersLabel)
     EXPECT_NE(lines[1].find("(Prueba:Procedimiento)"), std::string::npos);
 }
 
-TEST_F(FailurePathTest, aRuntimeErrorIsFatalClosesEveryWindowAndSilencesTheLog)
+TEST_F(FailurePathTest, aRuntimeErrorIsFatalUnloadsEveryWindowLastFirstAndSilencesTheLog)
 {
-    QWidget first, second;
-    first.show();
-    second.show();
+    std::vector<std::string> unloaded;
+    RecordingWindow first("first", unloaded), hidden("hidden", unloaded), last("last", unloaded),
+        neverLoaded("neverLoaded", unloaded);
+    for (RecordingWindow *window : {&first, &hidden, &last}) {
+        window->show();
+        LoadedWindows::instance().load(*window);
+    }
+    hidden.hide(); // loaded still, as a window that hid itself is
+    neverLoaded.show();
 
     fail(91, "Variable de objeto no establecida");
 
@@ -207,14 +222,50 @@ TEST_F(FailurePathTest, aRuntimeErrorIsFatalClosesEveryWindowAndSilencesTheLog)
                   "La aplicación será cerrada"}));
     EXPECT_EQ(ui->boxes()[0].title, "Error Fatal");
     EXPECT_EQ(ui->boxes()[1].title, "");
-    EXPECT_FALSE(first.isVisible());
-    EXPECT_FALSE(second.isVisible());
+    EXPECT_EQ(unloaded, (std::vector<std::string>{"last", "hidden", "first"}));
     EXPECT_FALSE(gAppRunning);
 
     // Once closed, nothing more reaches the log or the screen.
     fail(-11000, "otra vez");
     EXPECT_EQ(logLines().size(), 1u);
     EXPECT_EQ(ui->boxes().size(), 2u);
+    neverLoaded.hide();
+}
+
+TEST_F(FailurePathTest, aWindowThatRefusesToCloseDoesNotKeepTheOthersOpen)
+{
+    std::vector<std::string> unloaded;
+    RecordingWindow first("first", unloaded), stubborn("stubborn", unloaded);
+    stubborn.refuses = true;
+    for (RecordingWindow *window : {&first, &stubborn}) {
+        window->show();
+        LoadedWindows::instance().load(*window);
+    }
+
+    fail(-11001, "APIDovel falló");
+
+    EXPECT_EQ(unloaded, (std::vector<std::string>{"stubborn", "first"}));
+    EXPECT_FALSE(first.isVisible());
+    EXPECT_TRUE(stubborn.isVisible());
+    stubborn.refuses = false;
+    stubborn.close();
+}
+
+TEST_F(FailurePathTest, aDialogIsLoadedOnlyWhileItRuns)
+{
+    QDialog dialog;
+    dialog.setObjectName("Pregunta");
+    std::vector<QWidget *> whileRunning;
+    ui->queueDialog([&](QDialog &shown) {
+        whileRunning = LoadedWindows::instance().windows();
+        return shown.objectName() == "Pregunta";
+    });
+
+    EXPECT_TRUE(ui->runModal(dialog));
+
+    EXPECT_EQ(whileRunning, std::vector<QWidget *>{&dialog});
+    EXPECT_TRUE(LoadedWindows::instance().windows().empty());
+    EXPECT_EQ(ui->dialogsShown(), std::vector<std::string>{"Pregunta"});
 }
 
 TEST_F(FailurePathTest, theDatabaseErrorShowsItsOwnTextThenCloses)
@@ -266,6 +317,7 @@ TEST_F(FailurePathTest, anErrorThatEscapesEveryHandlerIsShownAndCloses)
     std::filesystem::create_directory(workDir / "bitacora.log");
     QWidget window;
     window.show();
+    LoadedWindows::instance().load(window);
 
     guardEvent([&] { fail(-10003, "no llega a la pantalla"); });
 

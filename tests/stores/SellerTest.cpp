@@ -61,12 +61,45 @@ TEST_F(SellerTest, anyOtherOpeningCodeNamesItsText)
     EXPECT_FALSE(gSeller->isSessionStarted());
 }
 
-TEST_F(SellerTest, aFailingErpIsFatalAndNamesTheFunction)
+TEST_F(SellerTest, aFailingErpIsFatalNamesTheFunctionAndLeavesTheBuffersAsTheyStood)
 {
-    erp->databaseCode = 3;
-    gSeller->id();
-    EXPECT_NE(logLines().at(0).find("Error: -11001 (Seller:GetClientInfo): APIDovel."
-                                    "ObtenerDataBase falló con código de error 3"),
-              std::string::npos);
-    EXPECT_FALSE(gAppRunning);
+    const std::string nul(256, '\0');
+    const auto written = [&](const std::string &text) { return text + nul.substr(text.size()); };
+    struct Row
+    {
+        const char *name;
+        std::int32_t FakeErp::*code;
+        const char *function;
+        std::vector<std::string> texts; // license, id, server, database, user, password
+    };
+    const Row rows[] = {
+        // The ERP wrote the keys before it failed; the second call was never made.
+        {"the client's keys fail",
+         &FakeErp::clientCode,
+         "ObtenerIDCliente",
+         {written("NUB-LIC-2026-0042"), written("V1042"), nul, nul, nul, nul}},
+        {"the database's coordinates fail",
+         &FakeErp::databaseCode,
+         "ObtenerDataBase",
+         {written("NUB-LIC-2026-0042"), written("V1042"), written("localhost"),
+          written("AsistenteDemo"), written("vendedor"), written("demo")}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        std::filesystem::remove(workDir / "bitacora.log");
+        gAppRunning = true;
+        gSeller.reset();
+        erp->clientCode = 0;
+        erp->databaseCode = 0;
+        (*erp).*row.code = 3;
+        const Seller &seller = *gSeller;
+        EXPECT_EQ(logLines().at(0).substr(21), "Error: -11001 (Seller:GetClientInfo): APIDovel." +
+                                                   std::string(row.function) +
+                                                   " falló con código de error 3\"");
+        EXPECT_EQ((std::vector<std::string>{seller.license(), seller.id(), seller.server(),
+                                            seller.database(), seller.user(), seller.password()}),
+                  row.texts);
+        EXPECT_FALSE(gAppRunning);
+        ui->clearBoxes();
+    }
 }

@@ -139,3 +139,63 @@ TEST_F(ZorvantaMinistoreTest, aProductNamesEachTaxByTypeAndAmountType)
         EXPECT_EQ(tax.xml(), wire) << form;
     }
 }
+
+TEST_F(ZorvantaMinistoreTest, theMarketplacesAnswerForEachTaxDecidesWhetherTheStoreGoesOn)
+{
+    const std::string accepted =
+        "<Tax><TaxID>IVA</TaxID><RETURNCODE>0</RETURNCODE><DESCRIPTION>ok</DESCRIPTION></Tax>";
+    const std::string prefix =
+        "El XML retornado por QDX.dll en EjecutarOperacion QDX_Sincronizar_Impuestos ";
+    struct Row
+    {
+        const char *situation;
+        std::string answer; // what follows the RESULT block
+        bool accepted;
+        std::string error; // number: text, the reply follows it
+        bool shownInWords;
+    };
+    const Row rows[] = {
+        {"every tax accepted", "<Taxes>" + accepted + accepted + "</Taxes>", true, "", false},
+        // The refusal is read before its DESCRIPTION, and no tax after it is looked at.
+        {"one refused tax stops the store although the others were accepted",
+         "<Taxes>" + accepted +
+             "<Tax><TaxID>ECO</TaxID><RETURNCODE>-10004</RETURNCODE></Tax><Tax/></Taxes>",
+         false, "-10004: " + prefix + "dió error para un impuesto : ", true},
+        {"a reply without Taxes", "", false,
+         "-10502: XML retornado por QDX.dll en EjecutarOperacion QDX_Sincronizar_Impuestos no "
+         "tiene nodo Taxes: ",
+         false},
+        {"a tax answer without its code",
+         "<Taxes><Tax><TaxID>IVA</TaxID><DESCRIPTION>ok</DESCRIPTION></Tax></Taxes>", false,
+         "-10502: " + prefix + "no tiene etiqueta RETURNCODE : ", false},
+    };
+    erp->taxesReply = "<ObtenerImpuestos><Impuesto CodigoImpuesto='IVA'><Cantidad>16</Cantidad>"
+                      "<TipoMonto>0</TipoMonto></Impuesto></ObtenerImpuestos>";
+    const auto ministore = ministore100();
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.situation);
+        std::filesystem::remove(workDir / "bitacora.log");
+        ui->clearBoxes();
+        const std::string reply = "<SetTaxes>" + kSuccess + row.answer + "</SetTaxes>";
+        backOffice->queue(0, reply);
+
+        EXPECT_EQ(ministore->setTaxesInZorvanta(), row.accepted);
+
+        if (row.accepted) {
+            EXPECT_TRUE(logLines().empty());
+            continue;
+        }
+        const std::string number = row.error.substr(0, row.error.find(':'));
+        ASSERT_EQ(logLines().size(), 1u);
+        EXPECT_EQ(logLines()[0].substr(21), "Error: " + number +
+                                                " (ZorvantaMinistore:setTaxesInZorvanta): " +
+                                                row.error.substr(number.size() + 2) + reply + "\"");
+        EXPECT_EQ(ui->boxTexts(),
+                  std::vector<std::string>{
+                      "Error: " + number + ": " +
+                      (row.shownInWords ? row.error.substr(number.size() + 2) + reply
+                                        : "Error de la aplicación. Contacte al administrador "
+                                          "del sistema")});
+        EXPECT_TRUE(gAppRunning);
+    }
+}

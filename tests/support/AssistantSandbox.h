@@ -50,7 +50,7 @@ protected:
 
     std::unique_ptr<SellerDatabaseSandbox> database;
 
-private:
+    /// Forgets the seller, its session and the SOAP clients, as a new run of the host would.
     static void resetAssistant()
     {
         gSeller.reset();

@@ -25,6 +25,9 @@ void ShellTest::SetUp()
 
 void ShellTest::TearDown()
 {
+    // A script the test wrote and the program never played means the test proved nothing.
+    for (const std::string &mistake : ui->scriptMistakes())
+        ADD_FAILURE() << "scripted Ui: " << mistake;
     for (QWidget *widget : QApplication::topLevelWidgets())
         EXPECT_FALSE(widget->isVisible()) << "window left open: "
                                           << widget->objectName().toStdString();

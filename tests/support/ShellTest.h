@@ -9,7 +9,8 @@
 
 /// A test that runs like the assistant: the application running, no busy section open, the
 /// scripted Ui answering, and a working directory of its own (where bitacora.log goes).
-/// At the end no top-level window may be left open.
+/// At the end no top-level window may be left open, and every answer and dialog the test
+/// queued must have been used.
 class ShellTest : public ::testing::Test
 {
 protected:

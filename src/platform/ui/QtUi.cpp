@@ -1,10 +1,13 @@
 #include "platform/ui/QtUi.h"
 
+#include "platform/ui/LoadedWindows.h"
+
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QUrl>
 
@@ -94,6 +97,25 @@ void QtUi::setCursor(int pointer)
 
 bool QtUi::runModal(QDialog &dialog)
 {
+    // Loaded while it runs, so that a fatal error raised from inside it closes it too.
+    struct Loaded
+    {
+        explicit Loaded(QDialog &window) : dialog(&window)
+        {
+            LoadedWindows::instance().load(window);
+        }
+        ~Loaded()
+        {
+            if (dialog)
+                LoadedWindows::instance().unload(*dialog);
+        }
+        QPointer<QDialog> dialog;
+    } loaded(dialog);
+    return execModal(dialog);
+}
+
+bool QtUi::execModal(QDialog &dialog)
+{
     return dialog.exec() == QDialog::Accepted;
 }
 
@@ -112,9 +134,5 @@ void QtUi::openUrl(const std::string &url)
 
 void QtUi::unloadAllWindows()
 {
-    const auto windows = QApplication::topLevelWidgets();
-    for (auto it = windows.crbegin(); it != windows.crend(); ++it) {
-        if ((*it)->isVisible())
-            (*it)->close();
-    }
+    LoadedWindows::instance().unloadAll();
 }

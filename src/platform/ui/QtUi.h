@@ -11,10 +11,15 @@ public:
                          const std::string &title, int defaultButton) override;
     void setCursor(int pointer) override;
     int cursor() const override { return m_cursor; }
-    bool runModal(QDialog &dialog) override;
+    /// Runs `dialog` through execModal, loaded (LoadedWindows) while it runs.
+    bool runModal(QDialog &dialog) final;
     std::string getOpenFileName(const std::string &caption, const std::string &filter) override;
     void openUrl(const std::string &url) override;
     void unloadAllWindows() override;
+
+protected:
+    /// Shows `dialog` modally and returns whether it was accepted.
+    virtual bool execModal(QDialog &dialog);
 
 private:
     int m_cursor = kDefaultCursor;

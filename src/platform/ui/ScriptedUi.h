@@ -19,6 +19,8 @@ struct RecordedBox
 
 /// The Ui of the tests: records every box, pointer change, dialog and browser page, and answers
 /// from queues filled by the test. Windows are real, so closing them still goes through Qt.
+/// What the test queued and nobody used, or an answer a box had no button for, is a mistake of
+/// the test that `scriptMistakes` reports.
 class ScriptedUi : public QtUi
 {
 public:
@@ -34,18 +36,30 @@ public:
 
     const std::vector<RecordedBox> &boxes() const { return m_boxes; }
     std::vector<std::string> boxTexts() const;
-    void clearBoxes() { m_boxes.clear(); }
+    /// Forgets the boxes shown so far, and what was seen.
+    void clearBoxes()
+    {
+        m_boxes.clear();
+        m_seen.clear();
+    }
     const std::vector<int> &cursorHistory() const { return m_cursorHistory; }
     const std::vector<std::string> &dialogsShown() const { return m_dialogsShown; }
+    /// What the person saw, in order: each box by its text, each dialog as "[objectName]".
+    const std::vector<std::string> &seen() const { return m_seen; }
+    /// Answers, dialogs and file names still queued, and answers given to a box that had no
+    /// such button, each in words; empty when the script was played as written.
+    std::vector<std::string> scriptMistakes() const;
     const std::vector<std::string> &openedUrls() const { return m_openedUrls; }
 
     MessageAnswer msgBox(const std::string &text, MessageStyle style, MessageButtons buttons,
                          const std::string &title, int defaultButton) override;
     void setCursor(int pointer) override;
     int cursor() const override { return m_cursor; }
-    bool runModal(QDialog &dialog) override;
     std::string getOpenFileName(const std::string &caption, const std::string &filter) override;
     void openUrl(const std::string &url) override { m_openedUrls.push_back(url); }
+
+protected:
+    bool execModal(QDialog &dialog) override;
 
 private:
     std::deque<MessageAnswer> m_answers;
@@ -54,6 +68,8 @@ private:
     std::vector<RecordedBox> m_boxes;
     std::vector<int> m_cursorHistory;
     std::vector<std::string> m_dialogsShown;
+    std::vector<std::string> m_seen;
+    std::vector<std::string> m_misplacedAnswers;
     std::vector<std::string> m_openedUrls;
     int m_cursor = kDefaultCursor;
 };

@@ -42,7 +42,8 @@ public:
     /// Opens a page in the person's browser.
     virtual void openUrl(const std::string &url) = 0;
 
-    /// Closes every open top-level window, the last opened first, ignoring any that refuses.
+    /// Closes every loaded window, the last loaded first, hidden ones too, ignoring any that
+    /// refuses.
     virtual void unloadAllWindows() = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "shell/window/MainWindow.h"
 
+#include "platform/ui/LoadedWindows.h"
 #include "platform/ui/Ui.h"
 #include "shell/BusyCursor.h"
 #include "shell/Constants.h"
@@ -120,6 +121,7 @@ void MainWindow::showModal()
 
 void MainWindow::loadAndShow()
 {
+    LoadedWindows::instance().load(*this);
     setWindowModality(Qt::ApplicationModal);
     Form_Load();
     if (!m_unloaded)
@@ -234,6 +236,7 @@ void MainWindow::Form_Unload()
     if (m_unloaded)
         return;
     m_unloaded = true;
+    LoadedWindows::instance().unload(*this);
     qApp->removeEventFilter(this);
     if (m_unloading)
         withHandler("MainWindow:Form_Unload", [&] { m_unloading(); });

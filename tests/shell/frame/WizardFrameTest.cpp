@@ -3,7 +3,6 @@
 
 #include "shell/BusyCursor.h"
 #include "shell/frame/NavigationButtons.h"
-#include "shell/frame/StartScreen.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -80,15 +79,6 @@ TEST_F(WizardShellTest, theOperationSurvivesARestart)
     wizard.Start();
     wizard.Start();
     EXPECT_EQ(wizard.operation(), operation);
-}
-
-TEST_F(WizardShellTest, theStartScreenHasNoPagesAndCanAlwaysBeLeft)
-{
-    StartScreen screen(host, "StartScreen1", nullptr);
-    screen.Start();
-    EXPECT_TRUE(screen.canStop());
-    EXPECT_EQ(screen.currentPageKey(), "");
-    EXPECT_TRUE(logLines().empty());
 }
 
 class NavigationButtonsTest : public ShellTest

@@ -2,9 +2,12 @@
 #include "TestPanels.h"
 
 #include "shell/BusyCursor.h"
+#include "shell/ErrorHandling.h"
 #include "shell/window/MainWindow.h"
 
 #include <QAction>
+#include <QCloseEvent>
+#include <QDialog>
 #include <QPointer>
 #include <QTest>
 #include <QToolBar>
@@ -145,6 +148,74 @@ TEST_F(MainWindowTest, anUnknownKeyIsAFatalErrorThatClosesTheWindow)
     EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(unloads, 1);
     EXPECT_EQ(gWaitCount, 0);
+}
+
+TEST_F(MainWindowTest, aPageAskingToStopStaysWhenItsOwnAnswerIsNo)
+{
+    MainWindow *window = openWindow();
+    release(window, Qt::Key_F2);
+    TwoPageWizard *ministores = panel(window, "MinistoresWizard1");
+    ministores->first->mayStop = false;
+
+    ministores->SwitchPage("Stop");
+    EXPECT_EQ(window->currentPageKey(), "Ministores");
+    EXPECT_TRUE(ministores->isVisible());
+    EXPECT_EQ(ministores->first->stopQuestions, 1);
+
+    ministores->first->mayStop = true;
+    ministores->SwitchPage("Stop");
+    EXPECT_EQ(window->currentPageKey(), "Stop");
+    EXPECT_FALSE(ministores->isVisible());
+    window->close();
+}
+
+namespace {
+
+/// A dialog that notes when it is unloaded.
+class RecordingDialog : public QDialog
+{
+public:
+    explicit RecordingDialog(std::vector<std::string> &unloaded) : m_unloaded(unloaded) {}
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        m_unloaded.push_back("dialog");
+        QDialog::closeEvent(event);
+    }
+
+private:
+    std::vector<std::string> &m_unloaded;
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, aFatalErrorInsideADialogUnloadsTheDialogThenTheWindow)
+{
+    std::vector<std::string> unloaded;
+    auto *window = new MainWindow(
+        [](const QString &name, HostWindow &host, QWidget *parent) -> WizardShell * {
+            return new TwoPageWizard(host, name, parent);
+        },
+        [&] { unloaded.push_back("window"); });
+    gMainWindow = window;
+    window->loadAndShow();
+    RecordingDialog dialog(unloaded);
+    dialog.setObjectName("ValidateUserForm");
+    ui->queueDialog([](QDialog &) {
+        withHandler("Prueba:OK_Click", [] { raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet); });
+        return false;
+    });
+
+    ui->runModal(dialog);
+
+    EXPECT_EQ(unloaded, (std::vector<std::string>{"dialog", "window"}));
+    EXPECT_EQ(ui->seen(),
+              (std::vector<std::string>{
+                  "[ValidateUserForm]",
+                  "Error: 91: Error de la aplicación. Contacte al administrador del sistema",
+                  "La aplicación será cerrada"}));
+    EXPECT_EQ(gMainWindow, nullptr);
 }
 
 TEST(MainWindowGeometry, aSmallScreenGivesTheMinimumSizeAtTheCorner)
