@@ -6,6 +6,7 @@
 #include "editors/KeyedTreeView.h"
 #include "shell/BusyCursor.h"
 #include "shell/ErrorHandling.h"
+#include "shell/frame/EventProcedure.h"
 #include "shell/frame/Twips.h"
 #include "stores/Seller.h"
 #include "stores/VirtualDeposit.h"
@@ -59,29 +60,34 @@ SellerSearch::SellerSearch(QWidget *parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
     // An option fires when it becomes the selected one, by a click or by the program.
-    connect(m_category, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            guardEvent([this] { Category_Click(); });
-    });
-    const std::pair<QRadioButton *, const char *> textOptions[] = {
+    const std::pair<QRadioButton *, const char *> options[] = {
+        {m_category, "SellerSearch:Category_Click"},
         {m_code, "SellerSearch:Code_Click"},
         {m_description, "SellerSearch:Description_Click"},
         {m_reference, "SellerSearch:Reference_Click"}};
-    for (const auto &[button, label] : textOptions) {
-        connect(button, &QRadioButton::toggled, this, [this, label = label](bool on) {
+    for (const auto &[button, label] : options) {
+        const auto click = eventProcedure(label, [this, button = button] {
+            if (button == m_category)
+                Category_Click();
+            else
+                textOption_Click();
+        });
+        connect(button, &QRadioButton::toggled, this, [click](bool on) {
             if (on)
-                guardEvent([&] { withHandler(label, [this] { textOption_Click(); }); });
+                click();
         });
     }
     // Every key runs the search: no timer, no minimum length.
     connect(m_searchText, &QLineEdit::textChanged, this,
-            [this] { guardEvent([this] { fillTextResults(); }); });
-    const auto visit = [this] { guardEvent([this] { fillCategoryResults(); }); };
-    connect(m_tree, &QTreeWidget::itemClicked, this, visit);
-    connect(m_tree, &QTreeWidget::itemExpanded, this, visit);
-    connect(m_tree, &QTreeWidget::itemCollapsed, this, visit);
+            eventProcedure("SellerSearch:SearchText_Change", [this] { fillTextResults(); }));
+    connect(m_tree, &QTreeWidget::itemClicked, this,
+            eventProcedure("SellerSearch:TreeView1_NodeClick", [this] { fillCategoryResults(); }));
+    connect(m_tree, &QTreeWidget::itemExpanded, this,
+            eventProcedure("SellerSearch:TreeView1_Expand", [this] { fillCategoryResults(); }));
+    connect(m_tree, &QTreeWidget::itemCollapsed, this,
+            eventProcedure("SellerSearch:TreeView1_Collapse", [this] { fillCategoryResults(); }));
     connect(m_combo, &QComboBox::activated, this,
-            [this] { guardEvent([this] { Combo1_Click(); }); });
+            eventProcedure("SellerSearch:Combo1_Click", [this] { Combo1_Click(); }));
 
     start();
 }
@@ -103,19 +109,17 @@ void SellerSearch::start()
 
 void SellerSearch::Category_Click()
 {
-    withHandler("SellerSearch:Category_Click", [&] {
-        const auto root = sellerRootCategory();
-        root->StartQuery();
-        if (root->children() == nullptr || root->children()->empty()) {
-            m_code->setChecked(true);
-            return;
-        }
-        m_tree->show();
-        m_label1->hide();
-        m_searchText->hide();
-        adjustHeight();
-        fillCategoryResults();
-    });
+    const auto root = sellerRootCategory();
+    root->StartQuery();
+    if (root->children() == nullptr || root->children()->empty()) {
+        m_code->setChecked(true);
+        return;
+    }
+    m_tree->show();
+    m_label1->hide();
+    m_searchText->hide();
+    adjustHeight();
+    fillCategoryResults();
 }
 
 void SellerSearch::textOption_Click()
@@ -131,10 +135,8 @@ void SellerSearch::textOption_Click()
 
 void SellerSearch::Combo1_Click()
 {
-    withHandler("SellerSearch:Combo1_Click", [&] {
-        m_selectedMinistore = m_ministores->item(m_combo->currentIndex() + 1);
-        refresh();
-    });
+    m_selectedMinistore = m_ministores->item(m_combo->currentIndex() + 1);
+    refresh();
 }
 
 void SellerSearch::setSearchType(std::int16_t searchType)
@@ -230,9 +232,12 @@ void SellerSearch::fillCategoryResults()
             if (m_categories.empty()) {
                 const auto root = sellerRootCategory();
                 root->StartQuery();
-                for (const auto &child : *root->children()) {
-                    m_categories.add(child, child->id());
-                    m_tree->addTopNode(KeyedTreeView::categoryKey(child->id()), child->name());
+                if (const auto &children = root->children()) {
+                    for (const auto &child : *children) {
+                        m_categories.add(child, child->id());
+                        m_tree->addTopNode(KeyedTreeView::categoryKey(child->id()),
+                                           child->name());
+                    }
                 }
                 m_tree->selectFirstNode();
             }

@@ -5,6 +5,7 @@
 #include "editors/KeyedTreeView.h"
 #include "shell/BusyCursor.h"
 #include "shell/ErrorHandling.h"
+#include "shell/frame/EventProcedure.h"
 
 #include <QVBoxLayout>
 
@@ -16,10 +17,13 @@ ZorvantaCategoryBrowser::ZorvantaCategoryBrowser(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tree);
 
-    const auto visit = [this] { guardEvent([this] { fillCategoryResults(); }); };
-    connect(m_tree, &QTreeWidget::itemClicked, this, visit);
-    connect(m_tree, &QTreeWidget::itemExpanded, this, visit);
-    connect(m_tree, &QTreeWidget::itemCollapsed, this, visit);
+    const auto visit = [this] { fillCategoryResults(); };
+    connect(m_tree, &QTreeWidget::itemClicked, this,
+            eventProcedure("ZorvantaCategoryBrowser:TreeView1_NodeClick", visit));
+    connect(m_tree, &QTreeWidget::itemExpanded, this,
+            eventProcedure("ZorvantaCategoryBrowser:TreeView1_Expand", visit));
+    connect(m_tree, &QTreeWidget::itemCollapsed, this,
+            eventProcedure("ZorvantaCategoryBrowser:TreeView1_Collapse", visit));
 }
 
 void ZorvantaCategoryBrowser::Reset()
