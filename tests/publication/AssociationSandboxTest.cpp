@@ -14,7 +14,6 @@
 #include "shell/AppState.h"
 
 #include <gmock/gmock.h>
-
 #include <tuple>
 
 using testing::ElementsAre;
@@ -89,12 +88,13 @@ protected:
 
 TEST_F(AssociationSandboxTest, aSellerAssociatesWithAndWithoutVariantValuesAndSeesTheList)
 {
-    // A coffee maker has no variant property in the marketplace; a chair has its colour.
+    // A coffee maker has no variant property in the marketplace; a shirt has colour and size.
     associate("ERP-0148", "ZP-00152");
-    associate("ERP-0424", "ZP-00167", {{"Color", "Verde"}});
+    associate("ERP-0495", "ZP-00191", {{"Color", "Azul"}, {"Talla", "M"}});
     EXPECT_THAT(rows(), ElementsAre("1|ERP-0148|ZP-00152|<Properties/><VariantProperties/>",
-                                    "2|ERP-0424|ZP-00167|<Properties/><VariantProperties><Field "
-                                    "fieldID=\"Color\"><![CDATA[Verde]]></Field>"
+                                    "2|ERP-0495|ZP-00191|<Properties/><VariantProperties><Field "
+                                    "fieldID=\"Color\"><![CDATA[Azul]]></Field><Field "
+                                    "fieldID=\"Talla\"><![CDATA[M]]></Field>"
                                     "</VariantProperties>"));
 
     const Associations list = associatedList();
@@ -105,16 +105,17 @@ TEST_F(AssociationSandboxTest, aSellerAssociatesWithAndWithoutVariantValuesAndSe
     EXPECT_EQ(list[0]->SellerProduct_Description(), "Cafetera de goteo Hogarín 4 tazas");
     EXPECT_EQ(list[0]->theZorvantaProduct()->id(), "ZP-00152");
     EXPECT_EQ(list[1]->associationId(), "2");
-    EXPECT_EQ(list[1]->SellerProduct_dovelID(), "ERP-0424");
+    EXPECT_EQ(list[1]->SellerProduct_dovelID(), "ERP-0495");
 
-    // The chair's detail: the seller's colour, as a variant value of the marketplace's chair.
+    // The shirt's detail: the seller's choices, as variant values of the marketplace's shirt.
     const auto values = list[1]->variantattributes();
     ASSERT_NE(values, nullptr);
-    ASSERT_EQ(values->count(), 1);
-    EXPECT_EQ(values->item("Color")->value(), "Verde");
-    EXPECT_TRUE(values->item("Color")->definition()->isVariant());
+    ASSERT_EQ(values->count(), 2);
+    EXPECT_EQ(values->item("Color")->value(), "Azul");
+    EXPECT_EQ(values->item("Talla")->value(), "M");
+    EXPECT_TRUE(values->item("Talla")->definition()->isVariant());
     EXPECT_LE(list[1]->associationDate().secsTo(QDateTime::currentDateTime()), 60);
-    EXPECT_EQ(list[1]->SellerProduct_price1(), "29.90");
+    EXPECT_EQ(list[1]->SellerProduct_price1(), "12.90");
     EXPECT_TRUE(list[0]->variantattributes()->empty());
     EXPECT_TRUE(logLines().empty());
     EXPECT_TRUE(ui->boxes().empty());
