@@ -90,7 +90,7 @@ std::unique_ptr<SellerDatabase> SellerDatabase::open(const std::string &database
         return nullptr;
     }
     sqlite3 *db = nullptr;
-    const int opened = sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
+    const int opened = openEmbeddedDatabase(path, true, &db);
     std::unique_ptr<SellerDatabase> database(new SellerDatabase(db));
     if (opened != SQLITE_OK) {
         failed(db, "abrir " + path);

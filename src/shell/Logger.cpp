@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <iostream>
 
 Logger gLogger;
 
@@ -78,9 +79,12 @@ void Logger::closeApplication()
 void Logger::closeApplicationAfterUnloggedError()
 {
     const CurrentError error = Err();
+    // Worded as the runtime's own box would word it, since no log line will tell it. Standard
+    // error keeps a trace for whoever started the program.
+    const std::string text = "Error: " + std::to_string(error.number) + ": " + error.description;
+    std::cerr << text << std::endl;
     if (gAppRunning)
-        ui().msgBox("Error: " + std::to_string(error.number) + ": " + error.description,
-                    MessageStyle::Critical, MessageButtons::Ok, "Error Fatal");
+        ui().msgBox(text, MessageStyle::Critical, MessageButtons::Ok, "Error Fatal");
     closeApplication();
 }
 

@@ -31,7 +31,8 @@ public:
     void ShowError(std::int32_t number, const std::string &description);
 
     /// The closing steps of a fatal error when the error could not even be logged: the error is
-    /// shown as it is, then the application closes.
+    /// shown as it is and written to standard error, then the application closes. The host
+    /// program takes this path too for an error that leaves the start.
     void closeApplicationAfterUnloggedError();
 
 private:

@@ -3,9 +3,12 @@
 #include "platform/core/RaisedError.h"
 #include "platform/db/ServerCollation.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <memory>
 #include <sqlite3.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -59,7 +62,48 @@ struct Closer
     raiseError(RuntimeErrorNumber::AutomationError, message + ": " + file.string());
 }
 
+bool folderIsReadOnly(const std::filesystem::path &file)
+{
+    const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    if (faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0)
+        return false;
+    return errno == EACCES || errno == EROFS || errno == EPERM;
+}
+
+// A path as a "file:" URI: the characters that would start or escape a URI part are encoded.
+std::string fileUri(const std::filesystem::path &file)
+{
+    std::string uri = "file:";
+    for (const char c : std::filesystem::absolute(file).string()) {
+        if (c == '%')
+            uri += "%25";
+        else if (c == '?')
+            uri += "%3f";
+        else if (c == '#')
+            uri += "%23";
+        else
+            uri += c;
+    }
+    return uri;
+}
+
 } // namespace
+
+int openEmbeddedDatabase(const std::filesystem::path &file, bool readOnly, sqlite3 **db)
+{
+    if (!folderIsReadOnly(file)) {
+        return sqlite3_open_v2(file.c_str(), db,
+                               readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, nullptr);
+    }
+    // A write-ahead file left by a writer still holds committed rows: the engine reads through
+    // it without writing. With none, only an immutable file can be read where the engine's own
+    // shared-memory file cannot be made.
+    std::error_code ignored;
+    if (std::filesystem::exists(file.string() + "-wal", ignored))
+        return sqlite3_open_v2(file.c_str(), db, SQLITE_OPEN_READONLY, nullptr);
+    return sqlite3_open_v2((fileUri(file) + "?immutable=1").c_str(), db,
+                           SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
+}
 
 std::filesystem::path embeddedDatabasePath(const std::string &database)
 {

@@ -79,7 +79,7 @@ void SqliteBackend::open(const ConnectionString &connection, int timeoutSeconds)
             {0, "El nombre de base de datos «" + database + "» no es válido", kSource, "08001"});
     // Read-write without create: a database that is not there is a failure to open, as on
     // a server, never a new empty file.
-    const int opened = sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr);
+    const int opened = openEmbeddedDatabase(file, false, &m_db);
     if (opened != SQLITE_OK)
         reportDatabaseError(errors(), sqliteError(m_db, file.string()));
     // A time-out of 0 waits without limit, as the server's connection time-out does.
@@ -89,8 +89,11 @@ void SqliteBackend::open(const ConnectionString &connection, int timeoutSeconds)
     if (registerServerCollation(m_db) != SQLITE_OK)
         reportDatabaseError(errors(), sqliteError(m_db, file.string()));
     // Write-ahead logging lets a reader (another connection, the ERP) and a writer work at
-    // once, as the server's row locks do; it also proves the file is a database.
-    if (sqlite3_exec(m_db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr) != SQLITE_OK)
+    // once, as the server's row locks do; it also proves the file is a database. A file opened
+    // for reading only keeps its mode, and asking for it is proof enough.
+    const char *journal =
+        sqlite3_db_readonly(m_db, "main") == 1 ? "PRAGMA journal_mode" : "PRAGMA journal_mode=WAL";
+    if (sqlite3_exec(m_db, journal, nullptr, nullptr, nullptr) != SQLITE_OK)
         reportDatabaseError(errors(), sqliteError(m_db, file.string()));
 }
 
