@@ -121,28 +121,6 @@ TEST_F(AssociationSandboxTest, aSellerAssociatesWithAndWithoutVariantValuesAndSe
     EXPECT_TRUE(ui->boxes().empty());
 }
 
-TEST_F(AssociationSandboxTest, theSameProductsAgainAreRefusedAndARemovalWaitsForPublications)
-{
-    associate("ERP-0148", "ZP-00152");
-    associate("ERP-0148", "ZP-00152");
-    EXPECT_EQ(ui->boxTexts(), Texts{"Error: -10000: Existe una asociación con igual identificador "
-                                    "dovel, identificador Zorvanta y atributos contenidos en la "
-                                    "asociación previa"});
-    associate("ERP-0424", "ZP-00167", {{"Color", "Verde"}});
-    EXPECT_EQ(rows().size(), 2u);
-
-    database->execute(Sql("INSERT INTO WIPRODPUBL (IdPrdAsociado, IdTienda, Estado, Atributos, "
-                          "FechaPublicado) VALUES (2, '100', 'K', '', '2026-02-01 10:00:00')"));
-    associatedList()[1]->RemoveAssociation();
-    EXPECT_EQ(associatedList().size(), 2u);
-    database->execute(Sql("DELETE FROM WIPRODPUBL"));
-    associatedList()[1]->RemoveAssociation();
-    const Associations left = associatedList();
-    ASSERT_EQ(left.size(), 1u);
-    EXPECT_EQ(left[0]->SellerProduct_dovelID(), "ERP-0148");
-    EXPECT_TRUE(gAppRunning);
-}
-
 TEST_F(AssociationSandboxTest, aRowTheMarketplaceCannotReadFailsWhenShownNotWhenListed)
 {
     const std::tuple<const char *, std::string, std::string, bool> rows[] = {

@@ -79,12 +79,6 @@ TEST_F(AssociationTableTest, anAssociationContainedInAStoredOneIsRefusedAndWrite
 {
     const std::tuple<const char *, std::string, Pairs, bool> rows[] = {
         {"the same choice again", kRedM, {{"Color", "Rojo"}, {"Talla", "M"}}, true},
-        {"more values than the stored ones",
-         "<Properties/><VariantProperties><Field fieldID="
-         "\"Color\"><![CDATA[Rojo]]></Field>"
-         "</VariantProperties>",
-         {{"Color", "Rojo"}, {"Talla", "M"}},
-         true},
         {"both without values", "<Properties/><VariantProperties/>", {}, true},
         {"another size", kRedM, {{"Color", "Rojo"}, {"Talla", "L"}}, false},
     };
