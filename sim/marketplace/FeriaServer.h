@@ -17,8 +17,8 @@
 /// The marketplace on one loopback port: the WSDL, the three SOAP endpoints, the back-office
 /// endpoint, the product images and, for tests, GET /sim/state (what the stores publish, the
 /// requests received, the taxes) and GET /sim/catalog-operations (each CatalogOperation body
-/// as it came over the wire, as the text of a Request element). Requests are served one at a time against the state; an
-/// injected delay is spent outside that turn.
+/// as it came over the wire, as the text of a Request element). Requests are served one at a
+/// time against the state; an injected delay is spent outside that turn.
 class FeriaServer
 {
 public:

@@ -46,8 +46,7 @@ std::string CatalogBatch::wireText() const
 }
 
 CatalogBatchPlanner::CatalogBatchPlanner(const ZorvantaMinistore &ministore,
-                                         std::vector<dbPublication> rows,
-                                         std::int16_t batchLimit)
+                                         std::vector<dbPublication> rows, std::int16_t batchLimit)
     : m_header(std::string(kDeclaration) + "<CatalogOperation><SellerID>" + gSeller->id() +
                "</SellerID><ProductLicense>" + gSeller->license() + "</ProductLicense><StoreID>" +
                ministore.id() + "</StoreID><MaxProducts>" +
@@ -79,8 +78,8 @@ std::string CatalogBatchPlanner::operationOf(const dbPublication &row, CatalogBa
     if (row.status != "E") {
         merged = merge(std::string(kDeclaration) + "<AtributosNoCaracteristicos>" +
                            row.nonCharacteristicAttributes + "</AtributosNoCaracteristicos>",
-                       std::string(kDeclaration) + "<AtributosCaracteristicos>" +
-                           m_characteristic + "</AtributosCaracteristicos>",
+                       std::string(kDeclaration) + "<AtributosCaracteristicos>" + m_characteristic +
+                           "</AtributosCaracteristicos>",
                        taxesOf(row.dovelID));
     }
     // Only now: the next row carries this row's characteristic fields.
@@ -95,17 +94,16 @@ std::string CatalogBatchPlanner::operationOf(const dbPublication &row, CatalogBa
     } else if (row.status == "E") {
         word = "Despublicar";
     }
-    const std::string opening = "<Operation PublicationID='" +
-                                std::to_string(row.publicationId) + "'><Operation>" + word +
-                                "</Operation><ZorvantaID>" + row.zorvantaId + "</ZorvantaID>";
+    const std::string opening = "<Operation PublicationID='" + std::to_string(row.publicationId) +
+                                "'><Operation>" + word + "</Operation><ZorvantaID>" +
+                                row.zorvantaId + "</ZorvantaID>";
     if (row.status == "E")
         return opening + "</Operation>";
     return opening + merged + "</Operation>";
 }
 
 std::string CatalogBatchPlanner::merge(const std::string &nonCharacteristic,
-                                       const std::string &characteristic,
-                                       const std::string &taxes)
+                                       const std::string &characteristic, const std::string &taxes)
 {
     return withHandler("ZorvantaMinistore:merge Method", [&] {
         const std::string source = "ZorvantaMinistore:merge ";

@@ -90,8 +90,7 @@ void SendRun::run()
 
 std::int16_t SendRun::batchLimit() const
 {
-    const std::int16_t limit =
-        toInt16(static_cast<double>(gOperationLimits.item("300").item("9")));
+    const std::int16_t limit = toInt16(static_cast<double>(gOperationLimits.item("300").item("9")));
     // A limit below one would never take a row: the batch loop could not end.
     if (limit < 1)
         raiseRuntimeError(RuntimeErrorNumber::InvalidCall);
@@ -112,9 +111,8 @@ void SendRun::markProcessing(const CatalogBatch &batch)
 int SendRun::send(const std::string &request)
 {
     std::string reply(static_cast<std::size_t>(kQdxReplySize), '\0');
-    const std::int32_t code = EjecutarOperacion(QdxOperation::OperacionesCatalogo,
-                                                gSeller->sessionId(), request, reply,
-                                                kQdxReplySize);
+    const std::int32_t code = EjecutarOperacion(
+        QdxOperation::OperacionesCatalogo, gSeller->sessionId(), request, reply, kQdxReplySize);
     if (code != 0)
         raiseError(code,
                    "Error llamando a QDX.dll en EjecutarOperacion QDX_Operaciones_Catalogo: " +
@@ -180,8 +178,8 @@ void SendRun::apply(const Answer &given, const std::string &request, const std::
     }
     if (answer.code != "0")
         gLogger.WriteLogEntry(kLogPrefix + "Error en publicationID: " + answer.publicationId +
-                              ". Código Error: " + answer.code + ". Descripción: " +
-                              answer.description + ". XML Entrada: " + request +
+                              ". Código Error: " + answer.code +
+                              ". Descripción: " + answer.description + ". XML Entrada: " + request +
                               ". XML Salida: " + replyXml);
 
     const SqlNumber number = sqlNumber(answer.publicationId);
@@ -206,31 +204,28 @@ void SendRun::apply(const Answer &given, const std::string &request, const std::
         m_writing.execute(Sql() << "DELETE FROM WIPRODPEND WHERE IdPrdPublicado = " << number
                                 << " AND estado = '" << sqlText(m_letter) << "'");
         if (answer.word == "Despublicar")
-            m_writing.execute(Sql() << "DELETE FROM WIPRODPUBL WHERE IdPrdPublicado = "
-                                    << number);
+            m_writing.execute(Sql() << "DELETE FROM WIPRODPUBL WHERE IdPrdPublicado = " << number);
     } else {
         const int type = gLogger.getTypeError(toInt16(answer.code));
         if (type == gLogger.errorTypeApplication) {
             removePending(answer);
         } else if (type == gLogger.errorTypeUser || type == gLogger.errorTypeFatal) {
-            m_writing.execute(Sql() << "UPDATE WIPRODPEND SET MsgErr = '"
-                                    << sqlText(answer.description)
-                                    << "', Error = " << sqlNumber(answer.code)
-                                    << ", NumInt = NumInt + 1 WHERE IdPrdPublicado = " << number
-                                    << " AND estado = '" << sqlText(m_letter) << "'");
+            m_writing.execute(Sql()
+                              << "UPDATE WIPRODPEND SET MsgErr = '" << sqlText(answer.description)
+                              << "', Error = " << sqlNumber(answer.code)
+                              << ", NumInt = NumInt + 1 WHERE IdPrdPublicado = " << number
+                              << " AND estado = '" << sqlText(m_letter) << "'");
             Recordset tries =
                 m_writing.execute(Sql() << "SELECT NumInt FROM WIPRODPEND WHERE IdPrdPublicado = "
-                                        << number << " AND estado = '" << sqlText(m_letter)
-                                        << "'");
+                                        << number << " AND estado = '" << sqlText(m_letter) << "'");
             const std::int16_t attempts = tries.eof() ? 0 : toInt16(tries.fieldNumber(0));
             tries.close();
             if (attempts >= kMaximumRetries) {
                 removePending(answer);
-                gLogger.WriteLogEntry(kLogPrefix + "La operación para el publicationID: " +
-                                      answer.publicationId + " de tipo " + answer.word +
-                                      " alcanzó el máximo de reintentos: " +
-                                      std::to_string(kMaximumRetries) +
-                                      " y será borrada de la base de datos");
+                gLogger.WriteLogEntry(
+                    kLogPrefix + "La operación para el publicationID: " + answer.publicationId +
+                    " de tipo " + answer.word + " alcanzó el máximo de reintentos: " +
+                    std::to_string(kMaximumRetries) + " y será borrada de la base de datos");
             }
         }
     }
@@ -260,5 +255,6 @@ void SendRun::applyDatabaseFailure()
 void SendPendingPublications(ZorvantaMinistore &ministore, PublicationProgress &progress)
 {
     SendRun run(ministore, progress);
-    withHandler(kHandlerLabel, [&] { run.run(); }, [&] { run.applyDatabaseFailure(); });
+    withHandler(
+        kHandlerLabel, [&] { run.run(); }, [&] { run.applyDatabaseFailure(); });
 }

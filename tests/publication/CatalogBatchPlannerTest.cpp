@@ -1,8 +1,9 @@
 // How rows become requests, before anything is written or sent.
 
+#include "publication/CatalogBatchPlanner.h"
+
 #include "SendPipelineTest.h"
 #include "platform/core/RaisedError.h"
-#include "publication/CatalogBatchPlanner.h"
 
 using ::testing::ElementsAre;
 
@@ -63,29 +64,34 @@ TEST_F(CatalogBatchPlannerTest, mergingTheTwoAttributeTextsAndTheTaxes)
          "<Taxes>" + kIva + "</Taxes>",
          "<VariantProperties>" + b + d + "</VariantProperties><Properties>" + a + c +
              "</Properties>",
-         {}, {}},
+         {},
+         {}},
         {"taxes close the list as one CDATA field",
-         nonCharacteristic("<Properties>" + a + "</Properties>"), characteristic(""),
-         "<Taxes>" + kIva + "</Taxes>", "<Properties>" + a + taxConfig(kIva) + "</Properties>",
-         {}, {}},
-        {"a bad text of the publication is reported and nothing is merged", bad,
-         characteristic(""), "", "",
+         nonCharacteristic("<Properties>" + a + "</Properties>"),
+         characteristic(""),
+         "<Taxes>" + kIva + "</Taxes>",
+         "<Properties>" + a + taxConfig(kIva) + "</Properties>",
+         {},
+         {}},
+        {"a bad text of the publication is reported and nothing is merged", bad, characteristic(""),
+         "", "",
          "Error: -10501 (ZorvantaMinistore:merge ): XML de atributos no característicos mal "
-         "construído " + bad,
+         "construído " +
+             bad,
          "Error: -10501: " + kGenericBox},
         {"a bad text of the association is reported quoting the publication's",
          nonCharacteristic(""), characteristic("<Properties>"), "", "",
          "Error: -10501 (ZorvantaMinistore:merge ): XML de atributos característicos mal "
-         "construído " + nonCharacteristic(""),
+         "construído " +
+             nonCharacteristic(""),
          "Error: -10501: " + kGenericBox},
         {"no field and no tax leaves nothing to place, which is fatal", nonCharacteristic(""),
-         characteristic(""), "", "", "Error: 91 (ZorvantaMinistore:merge Method): ",
-         "Error: 91: " + kGenericBox},
+         characteristic(""), "", "",
+         "Error: 91 (ZorvantaMinistore:merge Method): ", "Error: 91: " + kGenericBox},
     };
     for (const MergeCase &row : cases) {
         SCOPED_TRACE(row.situation);
-        EXPECT_EQ(CatalogBatchPlanner::merge(row.nonCharacteristic, row.characteristic,
-                                             row.taxes),
+        EXPECT_EQ(CatalogBatchPlanner::merge(row.nonCharacteristic, row.characteristic, row.taxes),
                   row.merged);
         if (row.logged.empty()) {
             EXPECT_TRUE(logged().empty());
@@ -105,10 +111,9 @@ TEST_F(CatalogBatchPlannerTest, aWithdrawalStillPassesItsFieldsToTheNextBatch)
     const std::string brand =
         "<Properties>" + field("Marca", "Fortex") + "</Properties><VariantProperties/>";
     ZorvantaMinistore ministore;
-    CatalogBatchPlanner planner(ministore,
-                                {row(1, "E", "ZP-1", {}, brand),
-                                 row(2, "A", "ZP-2", price("3.00"), kNoFields)},
-                                1);
+    CatalogBatchPlanner planner(
+        ministore, {row(1, "E", "ZP-1", {}, brand), row(2, "A", "ZP-2", price("3.00"), kNoFields)},
+        1);
 
     const CatalogBatch first = planner.next();
     EXPECT_EQ(first.operations, 1);
@@ -118,12 +123,11 @@ TEST_F(CatalogBatchPlannerTest, aWithdrawalStillPassesItsFieldsToTheNextBatch)
     const std::string header =
         "<CatalogOperation><SellerID>V1042</SellerID><ProductLicense>NUB-LIC-2026-0042"
         "</ProductLicense><StoreID></StoreID><MaxProducts>0</MaxProducts><Operations>";
-    EXPECT_EQ(second.request,
-              kDeclaration + header +
-                  operation(2, "Actualizar", "ZP-2",
-                            "<Properties>" + field("Cy_List_Price", "3.00") +
-                                field("Marca", "Fortex") + "</Properties>") +
-                  "</Operations></CatalogOperation>");
+    EXPECT_EQ(second.request, kDeclaration + header +
+                                  operation(2, "Actualizar", "ZP-2",
+                                            "<Properties>" + field("Cy_List_Price", "3.00") +
+                                                field("Marca", "Fortex") + "</Properties>") +
+                                  "</Operations></CatalogOperation>");
     EXPECT_EQ(second.wireText(), second.request.substr(kDeclaration.size()));
     EXPECT_TRUE(logged().empty());
 }

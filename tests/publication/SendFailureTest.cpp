@@ -29,7 +29,8 @@ const std::string kDatabaseBox =
 const std::string kFatalBox = "Error Fatal: ";
 const std::string kClosing = "La aplicación será cerrada";
 const std::string kGeneric = "Error de la aplicación. Contacte al administrador del sistema";
-const std::string kCall = "Error llamando a QDX.dll en EjecutarOperacion QDX_Operaciones_Catalogo: ";
+const std::string kCall =
+    "Error llamando a QDX.dll en EjecutarOperacion QDX_Operaciones_Catalogo: ";
 
 // Both rows were handed to the marketplace and no answer was applied: they go again next time.
 const Texts kBothProcessing = {"1|P", "2|P"};
@@ -61,38 +62,62 @@ protected:
 TEST_F(SendFailureTest, eachFailureEndsInTheSystemsMessageWithNothingHalfApplied)
 {
     const std::vector<FailureCase> cases = {
-        {"a reply that is not XML", "<Fault operation='9' effect='malformed'/>", {},
+        {"a reply that is not XML",
+         "<Fault operation='9' effect='malformed'/>",
+         {},
          "Error: -10502 (ZorvantaMinistore:SendPendingPublications ): XML de retorno de QDX.dll "
          "en EjecutarOperacion QDX_Operaciones_Catalogo está mal construído <CatalogOperation>",
-         {"Error: -10502: " + kGeneric}, kBothProcessing, kBothPending},
-        {"a reply without Operations", "<Fault operation='9' effect='noOperations'/>", {},
+         {"Error: -10502: " + kGeneric},
+         kBothProcessing,
+         kBothPending},
+        {"a reply without Operations",
+         "<Fault operation='9' effect='noOperations'/>",
+         {},
          "Error: 91 (Seller:SendPendingPublications Method): ",
-         {"Error: 91: " + kGeneric, kClosing}, kBothProcessing, kBothPending},
+         {"Error: 91: " + kGeneric, kClosing},
+         kBothProcessing,
+         kBothPending},
         {"an empty DESCRIPTION after an applied operation",
-         "<Fault operation='9' publication='2' effect='emptyDescription'/>", {},
+         "<Fault operation='9' publication='2' effect='emptyDescription'/>",
+         {},
          "Error: -10502 (ZorvantaMinistore:SendPendingPublications): El XML retornado por QDX.dll "
          "en EjecutarOperacion QDX_Operaciones_Catalogo no tiene valor para DESCRIPTION : "
          "<CatalogOperation><RESULT>",
-         {"Error: -10502: " + kGeneric}, {"1|K", "2|P"}, {"2|I|0||"}},
+         {"Error: -10502: " + kGeneric},
+         {"1|K", "2|P"},
+         {"2|I|0||"}},
         {"a description with an apostrophe",
-         "<Fault operation='9' publication='2' code='-8006' description=\"Sin 'cupo'\"/>", {},
+         "<Fault operation='9' publication='2' code='-8006' description=\"Sin 'cupo'\"/>",
+         {},
          "Error: -11000 (ZorvantaMinistore:SendPendingPublications:): Error en la base de datos ",
-         {kDatabaseBox, kClosing}, {"1|K", "2|P"}, {"2|I|0||"}},
-        {"a connector code on every try", "<Fault operation='9' code='-2039'/>", {},
+         {kDatabaseBox, kClosing},
+         {"1|K", "2|P"},
+         {"2|I|0||"}},
+        {"a connector code on every try",
+         "<Fault operation='9' code='-2039'/>",
+         {},
          "Error: -2039 (ZorvantaMinistore:SendPendingPublications): " + kCall +
              "-2039:No se recibió el mensaje con la secuencia debida",
-         {"Error: -2039: " + kGeneric, kClosing}, kBothProcessing, kBothPending},
-        {"a session lost again after reopening", "<Fault operation='9' effect='loseSession'/>",
+         {"Error: -2039: " + kGeneric, kClosing},
+         kBothProcessing,
+         kBothPending},
+        {"a session lost again after reopening",
+         "<Fault operation='9' effect='loseSession'/>",
          {},
          "Error: -2005 (ZorvantaMinistore:SendPendingPublications): " + kCall +
              "-2005:Error al tratar de abrir la sesión",
-         {"Error: -2005: " + kGeneric, kClosing}, kBothProcessing, kBothPending},
-        {"no batch limit for the plan", "",
+         {"Error: -2005: " + kGeneric, kClosing},
+         kBothProcessing,
+         kBothPending},
+        {"no batch limit for the plan",
+         "",
          [](std::string &data) {
              data.replace(data.find("ProductID=\"300\""), 15, "ProductID=\"310\"");
          },
          "Error: 5 (Seller:SendPendingPublications Method): ",
-         {"Error: 5: " + kGeneric, kClosing}, {"1|L", "2|L"}, kBothPending},
+         {"Error: 5: " + kGeneric, kClosing},
+         {"1|L", "2|L"},
+         kBothPending},
     };
     for (const FailureCase &row : cases) {
         SCOPED_TRACE(row.situation);

@@ -42,9 +42,9 @@ TEST_F(SendPendingPublicationsTest, aLimitOfTwoSendsFiveRowsInBatchesOfTwoTwoAnd
                          "<Properties>" + field("Cy_List_Price", (number + "0.00").c_str()) +
                              "</Properties>");
     };
-    EXPECT_THAT(wire(), ElementsAre(request(publish(1) + publish(2)),
-                                    request(publish(3) + publish(4)),
-                                    request(operation(5, "Despublicar", "ZP-5"))));
+    EXPECT_THAT(wire(),
+                ElementsAre(request(publish(1) + publish(2)), request(publish(3) + publish(4)),
+                            request(operation(5, "Despublicar", "ZP-5"))));
     EXPECT_THAT(progress.events, ElementsAre("max 5", "products 2", "products 4", "products 5"));
     EXPECT_THAT(publications(), ElementsAre("1|K", "2|K", "3|K", "4|K"));
     EXPECT_TRUE(pendings().empty());
@@ -60,26 +60,25 @@ TEST_F(SendPendingPublicationsTest, aLimitOfTwoSendsFiveRowsInBatchesOfTwoTwoAnd
 TEST_F(SendPendingPublicationsTest, eachRowCarriesTheCharacteristicFieldsOfTheRowBeforeIt)
 {
     openMarketplace();
-    associate(1, "E-1", "ZP-1", "<Properties>" + field("Marca", "Fortex") +
-                                    "</Properties><VariantProperties/>");
+    associate(1, "E-1", "ZP-1",
+              "<Properties>" + field("Marca", "Fortex") + "</Properties><VariantProperties/>");
     publication(1, 1, "100", "L");
     pending(1, 1, "100", "I", price("12.50"), 1);
-    associate(2, "E-2", "ZP-2", "<Properties>" + field("Marca", "Voltia") +
-                                    "</Properties><VariantProperties/>");
+    associate(2, "E-2", "ZP-2",
+              "<Properties>" + field("Marca", "Voltia") + "</Properties><VariantProperties/>");
     publication(2, 2, "100", "L");
     pending(2, 2, "100", "I", price("20.00"), 2);
 
     send();
 
     EXPECT_THAT(wire(),
-                ElementsAre(request(
-                    operation(1, "Publicar", "ZP-1",
-                              "<Properties>" + field("Cy_List_Price", "12.50") + taxConfig(kIva) +
-                                  "</Properties>") +
-                    operation(2, "Publicar", "ZP-2",
-                              "<Properties>" + field("Cy_List_Price", "20.00") +
-                                  field("Marca", "Fortex") + taxConfig(kIseEco) +
-                                  "</Properties>"))));
+                ElementsAre(request(operation(1, "Publicar", "ZP-1",
+                                              "<Properties>" + field("Cy_List_Price", "12.50") +
+                                                  taxConfig(kIva) + "</Properties>") +
+                                    operation(2, "Publicar", "ZP-2",
+                                              "<Properties>" + field("Cy_List_Price", "20.00") +
+                                                  field("Marca", "Fortex") + taxConfig(kIseEco) +
+                                                  "</Properties>"))));
     EXPECT_THAT(publications(), ElementsAre("1|K", "2|K"));
     EXPECT_TRUE(pendings().empty());
     EXPECT_THAT(progress.events, ElementsAre("max 2", "products 2"));
@@ -98,11 +97,11 @@ TEST_F(SendPendingPublicationsTest, variantPropertiesLeaveTaxConfigOrTheLastFiel
 
     const std::string sizedOnWire = "<VariantProperties>" + field("Cy_List_Price", "9.90") +
                                     field("Talla", "M") + "</VariantProperties><Properties/>";
-    EXPECT_THAT(wire(), ElementsAre(request(
-                            operation(1, "Publicar", "ZP-1", sizedOnWire) +
-                            operation(2, "Publicar", "ZP-2",
-                                      "<VariantProperties>" + field("Cy_List_Price", "9.90") +
-                                          "</VariantProperties><Properties/>"))));
+    EXPECT_THAT(wire(), ElementsAre(request(operation(1, "Publicar", "ZP-1", sizedOnWire) +
+                                            operation(2, "Publicar", "ZP-2",
+                                                      "<VariantProperties>" +
+                                                          field("Cy_List_Price", "9.90") +
+                                                          "</VariantProperties><Properties/>"))));
     EXPECT_THAT(publications(), ElementsAre("1|K", "2|K"));
 }
 
@@ -152,8 +151,8 @@ TEST_F(SendPendingPublicationsTest, eachAnswerLeavesItsOwnRowsBehind)
         {"an accepted update copies its attributes", 3, "ZP-3", "K", "A", 0},
         {"the 100th failure removes the row", 4, "ZP-4", "K", "A", 99},
         {"a fatal-band code counts as a retry", 5, "ZP-5", "P", "I", 0},
-        {"a product the marketplace will never take loses every pending row", 6, "ZP-404", "P",
-         "I", 0},
+        {"a product the marketplace will never take loses every pending row", 6, "ZP-404", "P", "I",
+         0},
         {"a code of no known kind changes nothing", 7, "ZP-7", "K", "E", 0},
     };
     for (const Row &row : rows) {
@@ -175,16 +174,15 @@ TEST_F(SendPendingPublicationsTest, eachAnswerLeavesItsOwnRowsBehind)
                 ElementsAre(price("0.01")));
 
     const std::string sent = wire().at(0);
-    const std::string answered =
-        reply(answer(1, "Publicar", "ZP-1", "-8005", "La publicación 1 ya existe en la minitienda") +
-              answer(2, "Actualizar", "ZP-2", "-8005", "Publicación duplicada") +
-              answer(3, "Actualizar", "ZP-3", "0", "Publicación actualizada") +
-              answer(4, "Actualizar", "ZP-4", "-8006", "Sin cupo") +
-              answer(5, "Publicar", "ZP-5", "-9001", "Catálogo bloqueado") +
-              answer(6, "Publicar", "ZP-404", "-8501", "El producto ZP-404 no existe en el catálogo") +
-              answer(7, "Despublicar", "ZP-7", "7", "Sin memoria") +
-              answer(6, "Actualizar", "ZP-404", "-8501",
-                     "El producto ZP-404 no existe en el catálogo"));
+    const std::string answered = reply(
+        answer(1, "Publicar", "ZP-1", "-8005", "La publicación 1 ya existe en la minitienda") +
+        answer(2, "Actualizar", "ZP-2", "-8005", "Publicación duplicada") +
+        answer(3, "Actualizar", "ZP-3", "0", "Publicación actualizada") +
+        answer(4, "Actualizar", "ZP-4", "-8006", "Sin cupo") +
+        answer(5, "Publicar", "ZP-5", "-9001", "Catálogo bloqueado") +
+        answer(6, "Publicar", "ZP-404", "-8501", "El producto ZP-404 no existe en el catálogo") +
+        answer(7, "Despublicar", "ZP-7", "7", "Sin memoria") +
+        answer(6, "Actualizar", "ZP-404", "-8501", "El producto ZP-404 no existe en el catálogo"));
     const auto refused = [&](int n, const char *code, const char *description) {
         return kLog + "Error en publicationID: " + std::to_string(n) + ". Código Error: " + code +
                ". Descripción: " + description + ". XML Entrada: " + sent +

@@ -17,9 +17,8 @@
 #include "stores/Seller.h"
 #include "stores/ZorvantaMinistore.h"
 
-#include <gmock/gmock.h>
-
 #include <cstdio>
+#include <gmock/gmock.h>
 #include <memory>
 #include <string>
 #include <vector>
@@ -250,7 +249,8 @@ protected:
     }
 
     inline static const std::string kNoFields = "<Properties/><VariantProperties/>";
-    inline static const std::string kIva = "<Tax><TaxID>IVA</TaxID><AmountType>0</AmountType></Tax>";
+    inline static const std::string kIva =
+        "<Tax><TaxID>IVA</TaxID><AmountType>0</AmountType></Tax>";
     inline static const std::string kIseEco =
         "<Tax><TaxID>ISE</TaxID><AmountType>1</AmountType><Amount>5</Amount></Tax>"
         "<Tax><TaxID>ECO</TaxID><AmountType>2</AmountType><Amount>1.50</Amount></Tax>";
