@@ -298,19 +298,30 @@ std::string BackOfficeService::catalogOperation(pugi::xml_node request, pugi::xm
     pugi::xml_node answers = reply.root().append_child("Operations");
     for (pugi::xml_node operation : operations.children("Operation")) {
         const std::string productId = textOf(operation.child("ZorvantaID"));
+        const std::string word = textOf(operation.child("Operation"));
+        const auto fault = m_faults.forItem(
+            "9", {{"product", productId},
+                  {"publication", operation.attribute("PublicationID").value()},
+                  {"word", word}});
+        const FaultEffect effect = fault ? fault->effect : FaultEffect::None;
+        if (effect == FaultEffect::Omit) {
+            continue;
+        }
         Outcome outcome;
-        if (const auto fault = m_faults.forItem("9", {{"product", productId}});
-            fault && fault->code) {
+        if (fault && fault->code) {
             outcome = {*fault->code, fault->description};
         } else {
             outcome = apply(m_data, m_state, store, operation);
         }
         pugi::xml_node answer = answers.append_child("Operation");
         answer.append_attribute("PublicationID") = operation.attribute("PublicationID").value();
-        answer.append_child("Operation").text() = textOf(operation.child("Operation")).c_str();
+        answer.append_child("Operation").text() = word.c_str();
         answer.append_child("ZorvantaID").text() = productId.c_str();
         answer.append_child("RETURNCODE").text() = outcome.code;
-        answer.append_child("DESCRIPTION").text() = outcome.description.c_str();
+        pugi::xml_node description = answer.append_child("DESCRIPTION");
+        if (effect != FaultEffect::EmptyDescription) {
+            description.text() = outcome.description.c_str();
+        }
     }
     return reply.text(false);
 }

@@ -4,7 +4,8 @@
 
 namespace {
 
-constexpr const char *kFilterNames[] = {"category", "product", "store", "tax", "seller"};
+constexpr const char *kFilterNames[] = {"category", "product", "store",      "tax",
+                                        "seller",   "word",    "publication"};
 constexpr std::size_t kDefaultOverlongSize = 70000;
 constexpr const char *kDefaultDescription = "Error del servicio";
 
@@ -24,6 +25,15 @@ FaultEffect effectNamed(std::string_view name)
     }
     if (name == "wrongOperation") {
         return FaultEffect::WrongOperation;
+    }
+    if (name == "noOperations") {
+        return FaultEffect::NoOperations;
+    }
+    if (name == "omit") {
+        return FaultEffect::Omit;
+    }
+    if (name == "emptyDescription") {
+        return FaultEffect::EmptyDescription;
     }
     return FaultEffect::None;
 }

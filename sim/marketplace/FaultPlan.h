@@ -15,6 +15,9 @@ enum class FaultEffect {
     Malformed,      ///< the reply document is cut in half and sent as if whole
     Overlong,       ///< the reply document is padded to `size` characters
     WrongOperation, ///< the back office labels its reply with another operation number
+    NoOperations,   ///< a batch is answered with its status alone, without its Operations
+    Omit,           ///< one operation of a batch is neither applied nor answered
+    EmptyDescription, ///< one operation of a batch is answered with an empty DESCRIPTION
 };
 
 struct Fault
@@ -29,8 +32,10 @@ struct Fault
 /// The faults of the data file. A fault is
 ///   <Fault operation="GetCategoryContent|9|IniciarSesion|..." [call="N"]
 ///          [category=".." product=".." store=".." tax=".." seller=".."]
+///          [publication=".." word="Publicar|Actualizar|Despublicar"]
 ///          [code="-8010" description=".."] [delayMs="1500"]
-///          [effect="loseSession|cut|malformed|overlong|wrongOperation"] [size="70000"]/>
+///          [effect="loseSession|cut|malformed|overlong|wrongOperation|noOperations|
+///                  omit|emptyDescription"] [size="70000"]/>
 /// It applies to the operation's N-th call (counting from 1) or to every call, and only when
 /// each filter attribute equals the value of the same name in the call's context.
 class FaultPlan

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <thread>
 
 namespace {
@@ -91,6 +92,7 @@ FeriaServer::FeriaServer(std::unique_ptr<MarketplaceData> data, std::filesystem:
     m_server.Post(BackOfficeProtocol::kClosePath, handler(&FeriaServer::onCloseSession));
     m_server.Post(BackOfficeProtocol::kExecutePath, handler(&FeriaServer::onExecute));
     m_server.Get("/sim/state", handler(&FeriaServer::onState));
+    m_server.Get("/sim/catalog-operations", handler(&FeriaServer::onCatalogOperations));
     m_server.Get("/imagenes/.*", handler(&FeriaServer::onImage));
     m_server.set_exception_handler(
         [](const httplib::Request &, httplib::Response &response, std::exception_ptr) {
@@ -198,6 +200,9 @@ void FeriaServer::onExecute(const httplib::Request &request, httplib::Response &
     BackOfficeReply reply{QdxCode::BadParameters, {}};
     {
         std::lock_guard lock(m_mutex);
+        if (valid && operation == 9) {
+            m_catalogOperations.push_back(request.body);
+        }
         const std::string seller = m_state.sellerOfSession(session);
         fault = m_faults.onCall(std::to_string(operation), {{"seller", seller}});
         if (fault && fault->effect == FaultEffect::LoseSession) {
@@ -211,6 +216,10 @@ void FeriaServer::onExecute(const httplib::Request &request, httplib::Response &
             reply = {QdxCode::Success,
                      ReplyDocument::status(BackOfficeService::replyName(operation), *fault->code,
                                            fault->description, false)};
+        } else if (fault && fault->effect == FaultEffect::NoOperations) {
+            reply = {QdxCode::Success,
+                     ReplyDocument::status(BackOfficeService::replyName(operation),
+                                           QdxCode::Success, "Exito", false)};
         } else {
             reply = m_backOffice.execute(operation, session, request.body);
             if (operation == 9 || operation == 16) {
@@ -229,6 +238,19 @@ void FeriaServer::onState(const httplib::Request &, httplib::Response &response)
 {
     std::lock_guard lock(m_mutex);
     response.set_content(m_state.toXml(), kXml);
+}
+
+void FeriaServer::onCatalogOperations(const httplib::Request &, httplib::Response &response)
+{
+    pugi::xml_document doc;
+    pugi::xml_node root = doc.append_child("CatalogOperations");
+    std::lock_guard lock(m_mutex);
+    for (const std::string &received : m_catalogOperations) {
+        root.append_child("Request").text() = received.c_str();
+    }
+    std::ostringstream out;
+    doc.save(out, "", pugi::format_raw, pugi::encoding_utf8);
+    response.set_content(out.str(), kXml);
 }
 
 void FeriaServer::onImage(const httplib::Request &, httplib::Response &response)

@@ -12,11 +12,13 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// The marketplace on one loopback port: the WSDL, the three SOAP endpoints, the back-office
 /// endpoint, the product images and, for tests, GET /sim/state (what the stores publish, the
-/// requests received, the taxes). Requests are served one at a time against the state; an
-/// injected delay is spent outside that turn.
+/// requests received, the taxes) and GET /sim/catalog-operations (each CatalogOperation body
+/// as it came over the wire, as the text of a Request element). Requests are served one at a
+/// time against the state; an injected delay is spent outside that turn.
 class FeriaServer
 {
 public:
@@ -40,6 +42,7 @@ private:
     void onCloseSession(const httplib::Request &request, httplib::Response &response);
     void onExecute(const httplib::Request &request, httplib::Response &response);
     void onState(const httplib::Request &request, httplib::Response &response);
+    void onCatalogOperations(const httplib::Request &request, httplib::Response &response);
     void onImage(const httplib::Request &request, httplib::Response &response);
 
     /// Sends the body after the fault's delay; a cut fault drops the connection halfway.
@@ -54,6 +57,8 @@ private:
     CatalogService m_catalog;
     BackOfficeService m_backOffice;
     std::filesystem::path m_stateFile;
+    /// Every body of operation 9 as it arrived, in order; for tests, never saved.
+    std::vector<std::string> m_catalogOperations;
     std::mutex m_mutex;
     httplib::Server m_server;
     int m_port = -1;

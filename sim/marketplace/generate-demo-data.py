@@ -501,12 +501,16 @@ FAULTS_HELP = """  <!-- Faults to inject, one element each (none in the demo):
                          IniciarSesion|CerrarSesion"
               call="N"  (only the N-th call of that operation; every call without it)
               category=".." product=".." store=".." tax=".." seller=".."  (filters)
+              publication=".." word="Publicar|Actualizar|Despublicar"  (filters, operation 9)
               code="-8010" description=".."  (answer this code; -2000 to -3999 are the
                                                 connector's own codes)
               delayMs="1500"
-              effect="loseSession|cut|malformed|overlong|wrongOperation" size="70000"/>
-       On operation 9 a product filter gives that product's operation the code; on 16 a tax
-       filter gives that tax the code. -->
+              effect="loseSession|cut|malformed|overlong|wrongOperation|noOperations|
+                      omit|emptyDescription" size="70000"/>
+       On operation 9 a product, publication or word filter picks operations of the batch:
+       they get the code, or are left out of the answer unapplied (omit), or are answered with
+       an empty DESCRIPTION; noOperations answers the whole batch without its Operations. On 16
+       a tax filter gives that tax the code. -->
 """
 
 

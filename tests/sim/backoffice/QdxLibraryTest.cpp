@@ -225,6 +225,43 @@ TEST_F(QdxLibraryTest, eachOperationOfABatchTheMarketplaceRefusesAnswersItsOwnCo
         << "an inactive store";
 }
 
+TEST_F(QdxLibraryTest, faultsPickOperationsOfABatchAndEveryBatchIsKeptAsItArrived)
+{
+    start("<Fault operation='9' publication='2' word='Publicar' code='-8005' "
+          "description='Ya existe'/>"
+          "<Fault operation='9' publication='3' effect='omit'/>"
+          "<Fault operation='9' word='Despublicar' effect='emptyDescription'/>"
+          "<Fault operation='9' call='2' effect='noOperations'/>");
+    const int32_t session = openSession();
+    const std::string first = catalogRequest(
+        operation(1, "Publicar", "ZP-1") + operation(2, "Publicar", "ZP-2") +
+        operation(3, "Publicar", "ZP-3") + operation(2, "Actualizar", "ZP-2") +
+        "<Operation PublicationID='1'><Operation>Despublicar</Operation>"
+        "<ZorvantaID>ZP-1</ZorvantaID></Operation>");
+    const Reply batch = run(9, session, first);
+    ASSERT_EQ(batch.connector, 0);
+    // 3 is left out and never applied; 2 is refused as published, so its update finds nothing.
+    EXPECT_EQ(batch.values("//Operations/Operation/@PublicationID"),
+              (Texts{"1", "2", "2", "1"}));
+    EXPECT_EQ(batch.values("//Operations/Operation/RETURNCODE"),
+              (Texts{"0", "-8005", "-8004", "0"}));
+    EXPECT_EQ(batch.values("//Operations/Operation/DESCRIPTION"),
+              (Texts{"Publicación realizada", "Ya existe",
+                     "La publicación 2 no existe en la minitienda", ""}));
+    EXPECT_EQ(numberOfProducts(), (Texts{"0", "0", "0"}));
+
+    const std::string second = catalogRequest(operation(4, "Publicar", "ZP-4"));
+    const Reply bare = run(9, session, second);
+    ASSERT_EQ(bare.connector, 0);
+    EXPECT_EQ(bare.code(), 0);
+    EXPECT_TRUE(bare.values("//Operations").empty()) << bare.text;
+    EXPECT_EQ(numberOfProducts(), (Texts{"0", "0", "0"})) << "a batch answered bare is not run";
+
+    MarketplaceReply received;
+    received.read(SoapTestClient(sim->url()).get("/sim/catalog-operations"));
+    EXPECT_EQ(received.values("//Request"), (Texts{first, second}));
+}
+
 TEST_F(QdxLibraryTest, eachTaxIsAnsweredWithItsOwnCode)
 {
     start("<Fault operation='16' tax='ICE' code='-8101' description='Impuesto no admitido'/>");
