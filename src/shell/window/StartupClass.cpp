@@ -3,6 +3,7 @@
 #include "gateways/CommerceServer.h"
 #include "gateways/QDX.h"
 #include "platform/ui/Ui.h"
+#include "publication/SellerLists.h"
 #include "shell/AppState.h"
 #include "shell/BusyCursor.h"
 #include "shell/ErrorHandling.h"
@@ -39,6 +40,7 @@ void StartupClass::StartWizard(bool &freePriceEntry)
             BeginWait();
             gAppRunning = true;
             setBackOfficeSession([]() -> BackOfficeSession & { return *gSeller; });
+            registerSellerListLines();
             if (!outsideLinksAnswer()) {
                 EndWait();
                 ui().msgBox("Ocurrió un error grave de conexión. Contacte al administrador o "
