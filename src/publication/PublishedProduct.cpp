@@ -29,7 +29,8 @@ const std::string kDetailApi = "El XML retornado por APIDovel.ObtenerDefinicionP
 /// The text of the first element `query` finds, when there is one and it holds something.
 std::optional<std::string> optionalText(const XmlNode &node, const std::string &query)
 {
-    const XmlNode text = node.selectNodes(query).item(0).firstChild();
+    const XmlNode found = node.selectNodes(query).item(0);
+    const XmlNode text = found ? found.firstChild() : XmlNode();
     if (!text)
         return std::nullopt;
     return text.nodeValue();

@@ -5,6 +5,7 @@
 #include "SellerDatabaseSandbox.h"
 #include "catalogue/ProductLine.h"
 #include "catalogue/ZorvantaProduct.h"
+#include "catalogue/ZorvantaProperty.h"
 #include "catalogue/ZorvantaValue.h"
 #include "platform/xml/XmlDocument.h"
 #include "publication/PublishedProduct.h"
