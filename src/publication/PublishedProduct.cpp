@@ -144,8 +144,8 @@ void PublishedProduct::readDetail(const XmlNode &node)
     if (node.selectNodes("//ObtenerDefinicionProducto").length() == 0)
         return;
     if (m_publicationType == 2)
-        m_publicationDate = convertToDate(requiredErpText(node, "FechaPublicacion", kDetailApi,
-                                                          "FechaPublicacion", kLetXml));
+        m_publicationDate = convertToDate(
+            requiredErpText(node, "FechaPublicacion", kDetailApi, "FechaPublicacion", kLetXml));
     if (std::optional<std::string> number = optionalText(node, "NumeroError"))
         m_errorNumber = toInt16(*number);
     if (std::optional<std::string> message = optionalText(node, "MensajeError"))
@@ -202,8 +202,7 @@ std::string PublishedProduct::xml()
 {
     return withHandler("PublishedProduct:xml Property Get", [&] {
         const bool variant =
-            !required(required(associatedProd()->theZorvantaProduct()).variantProperties())
-                 .empty();
+            !required(required(associatedProd()->theZorvantaProduct()).variantProperties()).empty();
         XmlDocument document;
         XmlNode fixed = document.createElement("Properties");
         XmlNode variants = document.createElement("VariantProperties");
@@ -222,9 +221,9 @@ const std::string &PublishedProduct::storeId() const
 
 std::string PublishedProduct::storedState(Connection &connection)
 {
-    Recordset found = connection.execute(
-        Sql() << "SELECT Estado FROM WIPRODPUBL where idPrdPublicado = "
-              << sqlNumber(m_publicationId));
+    Recordset found =
+        connection.execute(Sql() << "SELECT Estado FROM WIPRODPUBL where idPrdPublicado = "
+                                 << sqlNumber(m_publicationId));
     std::string state = found.eof() ? std::string() : found.fieldText(0);
     found.close();
     return state;
@@ -253,8 +252,7 @@ void PublishedProduct::CreatePublication()
                                         "Atributos, FechaPublicado) values"
                                      << "('" << sqlText(associationId) << "','"
                                      << sqlText(storeId()) << "', 'L', '" << sqlText(attributes)
-                                     << "', CONVERT(datetime, '" << sqlText(date)
-                                     << "', 120) )");
+                                     << "', CONVERT(datetime, '" << sqlText(date) << "', 120) )");
             Recordset identity = connection.execute(Sql("SELECT @@IDENTITY"));
             m_publicationId = identity.fieldText(0);
             identity.close();
@@ -265,8 +263,7 @@ void PublishedProduct::CreatePublication()
                                      << "(" << sqlNumber(m_publicationId) << ","
                                      << sqlNumber(associationId) << "," << sqlNumber(storeId())
                                      << ", 'I', '" << sqlText(attributes)
-                                     << "', CONVERT(datetime, '" << sqlText(date)
-                                     << "', 120), 0)");
+                                     << "', CONVERT(datetime, '" << sqlText(date) << "', 120), 0)");
             connection.commit();
             connection.close();
         },
@@ -280,9 +277,9 @@ void PublishedProduct::UpdatePublication()
         "PublishedProduct:UpdatePublication Method",
         [&] {
             connection.open(gSeller->connectionString(), 15);
-            Recordset withdrawals =
-                connection.execute(Sql() << "SELECT count(*) FROM WIPRODPEND where idPrdPublicado = "
-                                         << sqlNumber(m_publicationId) << " AND Estado = 'E'");
+            Recordset withdrawals = connection.execute(
+                Sql() << "SELECT count(*) FROM WIPRODPEND where idPrdPublicado = "
+                      << sqlNumber(m_publicationId) << " AND Estado = 'E'");
             const bool withdrawn = !withdrawals.eof() && withdrawals.fieldNumber(0) > 0;
             withdrawals.close();
             if (withdrawn)

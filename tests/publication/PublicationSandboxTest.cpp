@@ -71,8 +71,7 @@ protected:
     {
         Texts texts;
         for (const auto &line : list(type))
-            texts.push_back(publication(line)->publicationId() + "|" +
-                            publication(line)->state());
+            texts.push_back(publication(line)->publicationId() + "|" + publication(line)->state());
         return texts;
     }
     /// Prices of the shirt as the pages give them, over the association the list shows.
@@ -165,11 +164,11 @@ TEST_F(PublicationSandboxTest, thePendingListShowsEachOperationOfAPublicationWit
 {
     database->execute(Sql("INSERT INTO WIPRODPUBL VALUES (5, 1, '100', 'P', '', "
                           "'2026-02-01 10:00:00')"));
-    database->execute(Sql(
-        "INSERT INTO WIPRODPEND VALUES (5, 1, '100', 'I', '<Properties/><VariantProperties/>', "
-        "'2026-02-01 10:00:00', 3, 'Tienda cerrada', -8101), (5, 1, '100', 'A', "
-        "'<Properties/><VariantProperties><Field fieldID=\"Cy_List_Price\"><![CDATA[20.5]]>"
-        "</Field></VariantProperties>', '2026-02-02 08:05:09', 0, NULL, NULL)"));
+    database->execute(
+        Sql("INSERT INTO WIPRODPEND VALUES (5, 1, '100', 'I', '<Properties/><VariantProperties/>', "
+            "'2026-02-01 10:00:00', 3, 'Tienda cerrada', -8101), (5, 1, '100', 'A', "
+            "'<Properties/><VariantProperties><Field fieldID=\"Cy_List_Price\"><![CDATA[20.5]]>"
+            "</Field></VariantProperties>', '2026-02-02 08:05:09', 0, NULL, NULL)"));
     const Lines pending = list(3);
     ASSERT_EQ(pending.size(), 2u);
     const auto publish = publication(pending[0]);

@@ -44,13 +44,14 @@ TEST_P(PublicationStatesTest, aNewPublicationIsLocalWithItsPublishOperation)
     EXPECT_EQ(publish({{"Cy_List_Price", "15"}}, ministore("200")), "2");
 
     EXPECT_THAT(publications(), ElementsAre("1|7|100|L|" + kPrice12, "2|7|200|L|" + kPrice15));
-    EXPECT_THAT(pending(), ElementsAre("1|7|100|I|" + kPrice12 + "|0", "2|7|200|I|" + kPrice15 + "|0"));
+    EXPECT_THAT(pending(),
+                ElementsAre("1|7|100|I|" + kPrice12 + "|0", "2|7|200|I|" + kPrice15 + "|0"));
     const Texts dates = rows(Sql("SELECT P.FechaPublicado, E.FechaPublicado FROM WIPRODPUBL P, "
                                  "WIPRODPEND E WHERE P.IdPrdPublicado = 1 AND "
                                  "E.IdPrdPublicado = 1"));
     ASSERT_EQ(dates.size(), 1u);
-    const QDateTime written = QDateTime::fromString(
-        QString::fromStdString(dates[0].substr(0, 19)), "yyyy-MM-dd HH:mm:ss");
+    const QDateTime written = QDateTime::fromString(QString::fromStdString(dates[0].substr(0, 19)),
+                                                    "yyyy-MM-dd HH:mm:ss");
     EXPECT_TRUE(written >= before && written <= QDateTime::currentDateTime()) << dates[0];
     EXPECT_EQ(dates[0].substr(20), dates[0].substr(0, 19)) << "one moment for both rows";
     EXPECT_TRUE(ui->boxes().empty());

@@ -26,8 +26,7 @@
 class PublicationErp : public FakeErp
 {
 public:
-    std::int32_t ObtenerDataBase(char *server, char *database, char *user,
-                                 char *password) override
+    std::int32_t ObtenerDataBase(char *server, char *database, char *user, char *password) override
     {
         const std::int32_t code = FakeErp::ObtenerDataBase(server, database, user, password);
         std::strcpy(database, databaseName.c_str());
@@ -185,8 +184,7 @@ protected:
         return made;
     }
     /// Publishes the shirt with these values, as the confirmation page does; the new number.
-    std::string publish(const Pairs &pairs,
-                        std::shared_ptr<ZorvantaMinistore> in = nullptr)
+    std::string publish(const Pairs &pairs, std::shared_ptr<ZorvantaMinistore> in = nullptr)
     {
         PublishedProduct publication;
         publication.setAssociatedProd(association());
@@ -201,7 +199,8 @@ protected:
     {
         return "<Producto><CodigoDovel>ERP-0495</CodigoDovel><Descripcion>Camisa de algodón"
                "</Descripcion><CodigoAsociacion>7</CodigoAsociacion><CodigoPublicacion>" +
-               number + "</CodigoPublicacion><CodigoZorvanta>ZP-00191</CodigoZorvanta><StoreID>"
+               number +
+               "</CodigoPublicacion><CodigoZorvanta>ZP-00191</CodigoZorvanta><StoreID>"
                "100</StoreID><Estado>" +
                state + "</Estado><FechaPublicacion>" + date + "</FechaPublicacion></Producto>";
     }
@@ -231,8 +230,8 @@ protected:
         execute(Sql() << "UPDATE WIPRODPUBL SET Estado = '" << sqlText(state)
                       << "' WHERE IdPrdPublicado = " << sqlNumber(number));
         if (std::string(state) == "K")
-            execute(Sql() << "DELETE FROM WIPRODPEND WHERE IdPrdPublicado = "
-                          << sqlNumber(number) << " AND Estado = 'I'");
+            execute(Sql() << "DELETE FROM WIPRODPEND WHERE IdPrdPublicado = " << sqlNumber(number)
+                          << " AND Estado = 'I'");
     }
 
     static constexpr const char *kOdbcDriver = "/usr/lib/x86_64-linux-gnu/odbc/libsqlite3odbc.so";

@@ -123,8 +123,8 @@ TEST_F(PublishedProductTest, theDetailGivesTheDateTheLastErrorAndTheAssociations
     // A pending operation keeps the moment of its act: the detail's date is not required.
     erp->detailReply = detail(kValues);
     const auto operation = listed(line("10", "I", "2026-02-03 11:00:00"), 3);
-    EXPECT_THAT(shown(operation->nonCharateristicAttributes()), ElementsAre("Cy_List_Price=12,5",
-                                                                            "Comentario=Nuevo"));
+    EXPECT_THAT(shown(operation->nonCharateristicAttributes()),
+                ElementsAre("Cy_List_Price=12,5", "Comentario=Nuevo"));
     EXPECT_EQ(operation->publicationDate(), QDateTime(QDate(2026, 2, 3), QTime(11, 0)));
     EXPECT_TRUE(logLines().empty());
 }
@@ -163,8 +163,8 @@ TEST_F(PublishedProductTest, aLineOrADetailTheErpWroteBadlyIsReportedWithItsXml)
         PublishedProduct publication;
         publication.setAssociatedProduct_zorvantaProd(shirt);
         publication.setXml(document.documentElement());
-        EXPECT_EQ(loggedErrors(), Texts{"Error: -10500 (PublishedProduct:Let xml): " + api +
-                                        text + document.documentElement().xml()});
+        EXPECT_EQ(loggedErrors(), Texts{"Error: -10500 (PublishedProduct:Let xml): " + api + text +
+                                        document.documentElement().xml()});
         EXPECT_TRUE(gAppRunning) << "a bad reply is no reason to close";
     }
 }
@@ -173,8 +173,8 @@ TEST_F(PublishedProductTest, whatTheProgramCannotHoldClosesTheApplication)
 {
     const std::tuple<const char *, std::string, std::int32_t, std::string> rows[] = {
         {"a value of a property the marketplace product no longer has",
-         swapped(detail(kPublished), "Comentario", "Bordado"),
-         5, "PublishedProduct:xml Property Set"},
+         swapped(detail(kPublished), "Comentario", "Bordado"), 5,
+         "PublishedProduct:xml Property Set"},
         {"a last error beyond 16 bits",
          detail("<FechaPublicacion>2026-02-01 10:00:00</FechaPublicacion><NumeroError>40000"
                 "</NumeroError>" +
@@ -271,7 +271,8 @@ TEST_F(PublishedProductTest, theLastErrorIsReadOnceFromThePendingRowOfThatMoment
         restart();
         EXPECT_EQ(listed(line("1", "I", when), 3)->ErrorNumber(), 0);
         ASSERT_FALSE(loggedErrors().empty());
-        EXPECT_THAT(loggedErrors().front(), HasSubstr("(ZorvantaMinistore:SendPendingPublications:)"));
+        EXPECT_THAT(loggedErrors().front(),
+                    HasSubstr("(ZorvantaMinistore:SendPendingPublications:)"));
         EXPECT_FALSE(gAppRunning);
     }
     gAppRunning = true;
