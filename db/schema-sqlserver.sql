@@ -42,7 +42,7 @@ CREATE TABLE WIPRODPEND (
     FechaPublicado DATETIME NULL,
     NumInt         INT NOT NULL DEFAULT 0,
     MsgErr         VARCHAR(MAX) NULL,
-    Error          SMALLINT NULL,
+    Error          SMALLINT NULL DEFAULT 0,
     PRIMARY KEY (IdPrdPublicado, Estado)
 );
 GO

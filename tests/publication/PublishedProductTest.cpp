@@ -263,7 +263,7 @@ TEST_F(PublishedProductTest, theLastErrorIsReadOnceFromThePendingRowOfThatMoment
 
     const std::tuple<const char *, std::string> rows[] = {
         {"another moment", "2026-01-01 00:00:00"},
-        {"a row that never failed", date},
+        {"a row whose error was cleared to Null", date},
     };
     execute(Sql("UPDATE WIPRODPEND SET Error = NULL"));
     for (const auto &[what, when] : rows) {

@@ -47,7 +47,8 @@ CREATE TABLE IF NOT EXISTS WIPRODPEND (
     FechaPublicado DATETIME,
     NumInt         INTEGER NOT NULL DEFAULT 0,
     MsgErr         TEXT COLLATE SERVER_CI,
-    Error          SMALLINT CHECK (Error BETWEEN -32768 AND 32767),
+    -- A row waiting for its first send has had no error: the pending list reads it as 0.
+    Error          SMALLINT DEFAULT 0 CHECK (Error BETWEEN -32768 AND 32767),
     PRIMARY KEY (IdPrdPublicado, Estado)
 );
 )sql";
