@@ -253,6 +253,7 @@ TEST_F(PublishedProductTest, theLastErrorIsReadOnceFromThePendingRowOfThatMoment
 {
     publish({{"Cy_List_Price", "12,5"}});
     const std::string date = rows(Sql("SELECT FechaPublicado FROM WIPRODPEND"))[0];
+    EXPECT_EQ(listed(line("1", "I", date), 3)->ErrorNumber(), 0) << "a row never sent";
     execute(Sql("UPDATE WIPRODPEND SET Error = -20, MsgErr = 'Precio fuera de rango'"));
     const auto failed = listed(line("1", "I", date), 3);
     EXPECT_EQ(failed->ErrorNumber(), -20);
