@@ -4,7 +4,6 @@
 #include "shell/Constants.h"
 
 #include <QLocale>
-
 #include <array>
 
 std::string DateToISO8601(const QDateTime &date)
@@ -39,10 +38,8 @@ QDateTime ISO8601ToDate(const std::string &text)
     const qint64 seconds =
         static_cast<qint64>(hour) * 3600 + static_cast<qint64>(minute) * 60 + second;
     const qint64 days = seconds >= 0 ? seconds / 86400 : -((-seconds + 86399) / 86400);
-    const QDate date = QDate(1900, 1, 1)
-                           .addYears(year - 1900)
-                           .addMonths(month - 1)
-                           .addDays(day - 1 + days);
+    const QDate date =
+        QDate(1900, 1, 1).addYears(year - 1900).addMonths(month - 1).addDays(day - 1 + days);
     return QDateTime(date, QTime(0, 0).addSecs(static_cast<int>(seconds - days * 86400)));
 }
 

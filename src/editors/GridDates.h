@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDateTime>
-
 #include <string>
 
 // A Datetime property travels as year/month/dayThour:minute:second and shows as the machine

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-
 #include <string>
 
 // The property grid keeps every number as the text the seller typed, with gDecimalSeparator,

@@ -19,7 +19,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -46,7 +45,8 @@ std::string label(const char *routine)
 
 template <std::size_t N> bool isOneOf(const std::string &id, const char *const (&ids)[N])
 {
-    return std::any_of(std::begin(ids), std::end(ids), [&](const char *each) { return id == each; });
+    return std::any_of(std::begin(ids), std::end(ids),
+                       [&](const char *each) { return id == each; });
 }
 
 bool isPricedId(const std::string &id)
@@ -149,8 +149,8 @@ bool isEnterRelease(const QEvent *event)
 
 ZorvantaPropertiesGrid::ZorvantaPropertiesGrid(QWidget *parent)
     : QWidget(parent), MSFlexGrid1(new QTableWidget(1, 2, this)), Text1(new QLineEdit(this)),
-      Combo1(new QComboBox(this)), Combo2(new QComboBox(this)),
-      DTPicker1(new QDateTimeEdit(this)), ShowExtraInfo(new QPushButton("...", this))
+      Combo1(new QComboBox(this)), Combo2(new QComboBox(this)), DTPicker1(new QDateTimeEdit(this)),
+      ShowExtraInfo(new QPushButton("...", this))
 {
     MSFlexGrid1->setObjectName("MSFlexGrid1");
     MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -183,16 +183,16 @@ ZorvantaPropertiesGrid::ZorvantaPropertiesGrid(QWidget *parent)
     });
     connect(MSFlexGrid1, &QTableWidget::currentCellChanged, this,
             [this](int row, int column, int previousRow, int previousColumn) {
-                guardEvent([&] { MSFlexGrid1_EnterCell(row, column, previousRow, previousColumn); });
+                guardEvent(
+                    [&] { MSFlexGrid1_EnterCell(row, column, previousRow, previousColumn); });
             });
     for (QScrollBar *bar : {MSFlexGrid1->verticalScrollBar(), MSFlexGrid1->horizontalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this,
                 [this] { guardEvent([this] { MSFlexGrid1_Scroll(); }); });
     connect(ShowExtraInfo, &QPushButton::clicked, this, [this] {
         guardEvent([this] {
-            withHandler(label("ShowExtraInfo_Click"), [this] {
-                ShowPopUpInfo(ShowExtraInfo->property("tag").toInt());
-            });
+            withHandler(label("ShowExtraInfo_Click"),
+                        [this] { ShowPopUpInfo(ShowExtraInfo->property("tag").toInt()); });
         });
     });
     AddHeadings();
@@ -407,7 +407,8 @@ void ZorvantaPropertiesGrid::AddHeadings()
             MSFlexGrid1->setColumnCount(4);
         QStringList headings{"Campo", "Valor"};
         if (showPrices)
-            headings << "Descuento" << "Cantidad";
+            headings << "Descuento"
+                     << "Cantidad";
         MSFlexGrid1->setHorizontalHeaderLabels(headings);
         MSFlexGrid1->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         applyColumnWidths();
@@ -547,8 +548,8 @@ std::shared_ptr<ZorvantaProperty> ZorvantaPropertiesGrid::findProperty(int row, 
     return found ? *found : nullptr;
 }
 
-std::shared_ptr<ZorvantaValue> ZorvantaPropertiesGrid::findValue(
-    const ZorvantaProperty &property) const
+std::shared_ptr<ZorvantaValue>
+ZorvantaPropertiesGrid::findValue(const ZorvantaProperty &property) const
 {
     if (!m_values)
         return nullptr;
@@ -576,9 +577,9 @@ void ZorvantaPropertiesGrid::DrawCellButtons()
         const bool visible =
             tableRow >= 0 && cell.bottom() >= 0 && cell.top() < MSFlexGrid1->viewport()->height();
         const auto property = visible ? findProperty(Row(), 1) : nullptr;
-        const bool offered = property && findValue(*property) &&
-                             (property->dataType() == "FilePath" ||
-                              property->id() == "DescriptionHTML");
+        const bool offered =
+            property && findValue(*property) &&
+            (property->dataType() == "FilePath" || property->id() == "DescriptionHTML");
         if (!offered) {
             ShowExtraInfo->hide();
             return;
@@ -657,8 +658,8 @@ void ZorvantaPropertiesGrid::setSelectedCellMarking(bool on)
 
 void ZorvantaPropertiesGrid::placeOver(QWidget *editor, int height)
 {
-    const QRect cell = MSFlexGrid1->visualRect(
-        MSFlexGrid1->model()->index(m_editRow - 1, m_editCol));
+    const QRect cell =
+        MSFlexGrid1->visualRect(MSFlexGrid1->model()->index(m_editRow - 1, m_editCol));
     const QPoint topLeft = MSFlexGrid1->viewport()->mapTo(this, cell.topLeft());
     editor->setGeometry(topLeft.x(), topLeft.y(), cell.width(),
                         height > 0 ? height : cell.height());
@@ -667,8 +668,8 @@ void ZorvantaPropertiesGrid::placeOver(QWidget *editor, int height)
 void ZorvantaPropertiesGrid::hideEditors()
 {
     const std::array<QWidget *, 4> editors{Text1, Combo1, Combo2, DTPicker1};
-    const bool hadFocus =
-        std::any_of(editors.begin(), editors.end(), [](QWidget *editor) { return editor->hasFocus(); });
+    const bool hadFocus = std::any_of(editors.begin(), editors.end(),
+                                      [](QWidget *editor) { return editor->hasFocus(); });
     for (QWidget *editor : editors)
         editor->hide();
     // The keyboard goes back to the grid, so that the seller can move on at once.
@@ -773,8 +774,8 @@ void ZorvantaPropertiesGrid::openTypedCell(const ZorvantaProperty &property,
     }
     // No editor for a type the grid does not know; the seller is told, and the next cell
     // change ends the edition.
-    raiseError(-10503, "La propiedad " + property.id() + " tiene un tipo de dato desconocido: " +
-                           type);
+    raiseError(-10503,
+               "La propiedad " + property.id() + " tiene un tipo de dato desconocido: " + type);
 }
 
 void ZorvantaPropertiesGrid::openPriceCell(const ZorvantaValue *value)
@@ -807,8 +808,7 @@ void ZorvantaPropertiesGrid::openDiscountCell(const ZorvantaProperty &property,
         return;
     }
     const std::string listPriceValue = listPriceText();
-    const double listPrice =
-        listPriceValue.empty() ? sellerPrice : currencyValue(listPriceValue);
+    const double listPrice = listPriceValue.empty() ? sellerPrice : currencyValue(listPriceValue);
     Text1->setMaxLength(17);
     placeOver(Text1, 0);
     if (!value) {

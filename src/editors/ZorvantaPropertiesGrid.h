@@ -4,7 +4,6 @@
 #include "editors/GridNumbers.h"
 
 #include <QWidget>
-
 #include <array>
 #include <memory>
 #include <string>

@@ -1,5 +1,6 @@
-#include "editors/GridDates.h"
 #include "editors/GridNumbers.h"
+
+#include "editors/GridDates.h"
 #include "platform/core/RaisedError.h"
 #include "shell/Constants.h"
 
@@ -83,8 +84,8 @@ TEST_P(GridNumbersTest, ParseFloatCountsPositionsNotIntegerDigits)
         int exponent;
     };
     const Row rows[] = {
-        {"12{sep}5", "15", 2}, {"0{sep}5", "25", 0},  {"100", "100", 3},
-        {"000", "0", 0},       {"5e3", "5", 4},       {"100{sep}0", "1", 3},
+        {"12{sep}5", "15", 2}, {"0{sep}5", "25", 0}, {"100", "100", 3},
+        {"000", "0", 0},       {"5e3", "5", 4},      {"100{sep}0", "1", 3},
     };
     for (const Row &row : rows) {
         ParsedFloat parsed;

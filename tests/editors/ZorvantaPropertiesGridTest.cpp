@@ -1,11 +1,9 @@
 #include "GridTest.h"
-
 #include "editors/GridDates.h"
 #include "platform/soap/MarketplaceUrl.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
-
 #include <algorithm>
 #include <fstream>
 #include <random>
@@ -97,10 +95,8 @@ TEST_P(SeparatorGridTest, PriceBlockShowsPricesDiscountsAndQuantities)
 
     ASSERT_EQ(rows(), 9) << "one plain row and the eight rows of the block";
     const std::vector<Texts> expected{
-        {"Existencia", "7", "", ""},
-        {"Precio de lista", "200", "", ""},
-        {"Precio promocional", "0", "0", ""},
-        {"Precio mayorista", local("150{sep}00"), "25", "0"},
+        {"Existencia", "7", "", ""},          {"Precio de lista", "200", "", ""},
+        {"Precio promocional", "0", "0", ""}, {"Precio mayorista", local("150{sep}00"), "25", "0"},
         {"Precio grupo 1", "0", "100", "10"},
     };
     for (int row = 1; row <= static_cast<int>(expected.size()); ++row) {
@@ -123,9 +119,8 @@ TEST_P(SeparatorGridTest, PriceBlockShowsPricesDiscountsAndQuantities)
 TEST_P(SeparatorGridTest, ChangingTheListPriceMovesOnlyTheDiscounts)
 {
     grid->showPrices = true;
-    fill(priceBlock(), {{"Cy_List_Price", "200.00"},
-                        {"PromoPrice", "180.00"},
-                        {"WholeSalePrice", "150.00"}});
+    fill(priceBlock(),
+         {{"Cy_List_Price", "200.00"}, {"PromoPrice", "180.00"}, {"WholeSalePrice", "150.00"}});
     openCell("Precio de lista");
     ASSERT_TRUE(combo2()->isVisible());
     EXPECT_EQ(combo2()->currentText().toStdString(), local("200{sep}00"));
@@ -135,8 +130,8 @@ TEST_P(SeparatorGridTest, ChangingTheListPriceMovesOnlyTheDiscounts)
     enter(combo2());
 
     EXPECT_EQ(stored("Cy_List_Price"), "0");
-    for (const char *name : {"Precio promocional", "Precio mayorista", "Precio grupo 1",
-                             "Precio grupo 5"})
+    for (const char *name :
+         {"Precio promocional", "Precio mayorista", "Precio grupo 1", "Precio grupo 5"})
         EXPECT_EQ(cell(rowOf(name), 2), "100") << name;
     EXPECT_EQ(cell(rowOf("Precio promocional"), 1), local("180{sep}00"));
     EXPECT_EQ(cell(rowOf("Precio mayorista"), 1), local("150{sep}00"));
@@ -199,17 +194,15 @@ TEST_P(SeparatorGridTest, TypedNumbersAreFilteredAndChecked)
          "2147483647", "(none)"},
         {"an Integer of 2147483647 is accepted", "Integer", "", "2147483647", "2147483647", "",
          "2147483647"},
-        {"an Integer with maximum 50 holds two characters", "Integer", "50", "123", "12", "",
-         "12"},
+        {"an Integer with maximum 50 holds two characters", "Integer", "50", "123", "12", "", "12"},
         {"an Integer of 51 over a maximum of 50 is refused", "Integer", "50", "51", "51", "50",
          "(none)"},
-        {"letters and signs cannot be typed in an Integer", "Integer", "", "-4a+2", "42", "",
-         "42"},
+        {"letters and signs cannot be typed in an Integer", "Integer", "", "-4a+2", "42", "", "42"},
         {"an emptied Integer stores 0", "Integer", "", "", "", "", "0"},
-        {"a Biginteger past its type's limit is refused", "Biginteger", "",
-         "9223372036854775808", "9223372036854775808", "9223372036854775807", "(none)"},
-        {"a Currency with maximum 100 holds six characters", "Currency", "100", "1234567",
-         "123456", "100", "(none)"},
+        {"a Biginteger past its type's limit is refused", "Biginteger", "", "9223372036854775808",
+         "9223372036854775808", "9223372036854775807", "(none)"},
+        {"a Currency with maximum 100 holds six characters", "Currency", "100", "1234567", "123456",
+         "100", "(none)"},
         {"a Currency keeps two decimals", "Currency", "", "99{sep}999", "99{sep}99", "",
          "99{sep}99"},
         {"the fifth Float decimal cannot be typed", "Float", "", "1{sep}23456", "1{sep}2345", "",
@@ -290,9 +283,7 @@ TEST_F(GridTest, ADateShowsAsTheMachineWritesItAndIsStoredInItsWireForm)
 TEST_F(GridTest, EditorsLieExactlyOverTheirCell)
 {
     grid->showNonCharacteristic = true;
-    fill({{"Autor", "Autor"},
-          {"Garantia", "Garantía", "Boolean"},
-          {"Fecha", "Fecha", "Datetime"}},
+    fill({{"Autor", "Autor"}, {"Garantia", "Garantía", "Boolean"}, {"Fecha", "Fecha", "Datetime"}},
          {});
     struct Row
     {
@@ -506,8 +497,9 @@ TEST_F(GridTest, APropertyOfAnUnknownTypeOpensNoEditorAndIsReported)
     openCell("Tono");
     for (QWidget *editor : std::initializer_list<QWidget *>{text1(), combo1(), combo2(), picker()})
         EXPECT_FALSE(editor->isVisible());
-    EXPECT_EQ(ui->boxTexts(),
-              Texts{"Error: -10503: Error de la aplicación. Contacte al administrador del sistema"});
+    EXPECT_EQ(
+        ui->boxTexts(),
+        Texts{"Error: -10503: Error de la aplicación. Contacte al administrador del sistema"});
     ASSERT_EQ(logLines().size(), 1u);
     EXPECT_NE(logLines()[0].find("tipo de dato desconocido: ColorRGB"), std::string::npos);
     EXPECT_TRUE(gAppRunning);
