@@ -53,7 +53,7 @@ int main(int argc, char **argv)
     const auto values = readValues(*properties, {{"Talla", "M"},
                                                  {"EnvioGratis", "1"},
                                                  {"FechaDisponible", "2024/03/14T09:05:00"},
-                                                 {"DescriptionHTML", "<b>Potente</b>"},
+                                                 {"DescriptionHTML", "<![CDATA[<b>Potente</b>]]>"},
                                                  {"Cy_List_Price", "200.00"},
                                                  {"PromoPrice", "180.00"},
                                                  {"WholeSalePrice", "150.50"},
