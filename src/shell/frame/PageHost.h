@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/core/RaisedError.h"
 #include "shell/Operation.h"
 
 #include <memory>
@@ -16,3 +17,16 @@ public:
     virtual std::shared_ptr<Operation> operation() const = 0;
     virtual void setOperation(std::shared_ptr<Operation> operation) = 0;
 };
+
+/// The wizard's operation as the page needs it: ObjectNotSet when there is none, TypeMismatch
+/// (13) when it is of another kind.
+template <class Kind> std::shared_ptr<Kind> requiredOperation(const PageHost &wizard)
+{
+    const std::shared_ptr<Operation> operation = wizard.operation();
+    if (!operation)
+        raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
+    auto kind = std::dynamic_pointer_cast<Kind>(operation);
+    if (!kind)
+        raiseRuntimeError(RuntimeErrorNumber::TypeMismatch);
+    return kind;
+}

@@ -5,3 +5,8 @@ WizardPage::WizardPage(PageHost &parent, const QString &controlName, QWidget *wi
 {
     setObjectName(controlName);
 }
+
+std::string WizardPage::handlerLabel(const char *procedure) const
+{
+    return std::string(metaObject()->className()) + ":" + procedure;
+}

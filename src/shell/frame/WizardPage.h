@@ -1,6 +1,10 @@
 #pragma once
 
+#include "shell/ErrorHandling.h"
+
 #include <QWidget>
+#include <string>
+#include <utility>
 
 class PageHost;
 
@@ -17,6 +21,21 @@ public:
 
 protected:
     PageHost &Parent() const { return m_parent; }
+
+    /// "ShowMinistores:Start": the label a procedure of this page reports its failures under,
+    /// made of the page's class name, so every page class must declare Q_OBJECT.
+    std::string handlerLabel(const char *procedure) const;
+
+    /// Runs `body` whenever `sender` emits `signal`, as the event procedure `procedure` of this
+    /// page ("ListView1_DblClick"): with its own handler, inside the guard every toolkit callback
+    /// needs. The label is made when the event fires, when the page's class is known.
+    template <class Sender, class Signal, class Body>
+    void onEvent(Sender *sender, Signal signal, const char *procedure, Body body)
+    {
+        connect(sender, signal, this, [this, procedure, body = std::move(body)] {
+            guardEvent([&] { withHandler(handlerLabel(procedure), body); });
+        });
+    }
 
 private:
     PageHost &m_parent;

@@ -1,16 +1,15 @@
 #include "wizards/ministores/AssociateDeposit.h"
 
+#include "shell/frame/KeyedListView.h"
 #include "stores/VirtualDeposit.h"
 #include "stores/ZorvantaMinistore.h"
 #include "wizards/ministores/FreeStores.h"
-#include "wizards/ministores/KeyedListView.h"
 #include "wizards/ministores/MinistoreAddition.h"
 
 AssociateDeposit::AssociateDeposit(PageHost &parent, const QString &controlName,
                                    QWidget *widgetParent)
     : MinistoreSelectionPage(parent, controlName, widgetParent,
-                             {"AssociateDeposit",
-                              "Asociar un Depósito Virtual a una Minitienda",
+                             {"Asociar un Depósito Virtual a una Minitienda",
                               "Minitienda a asociar",
                               "Seleccione el Depósito Virtual a asociar con la Minitienda",
                               "&Depósitos Virtuales",

@@ -1,17 +1,16 @@
 #include "wizards/ministores/AssociateMinistore.h"
 
+#include "shell/frame/KeyedListView.h"
 #include "stores/VirtualDeposit.h"
 #include "stores/ZorvantaMinistore.h"
 #include "wizards/ministores/FreeStores.h"
-#include "wizards/ministores/KeyedListView.h"
 #include "wizards/ministores/MinistoreAddition.h"
 
 AssociateMinistore::AssociateMinistore(PageHost &parent, const QString &controlName,
                                        QWidget *widgetParent)
     : MinistoreSelectionPage(
           parent, controlName, widgetParent,
-          {"AssociateMinistore",
-           "Asociar una Minitienda a un Depósito Virtual",
+          {"Asociar una Minitienda a un Depósito Virtual",
            "Depósito Virtual a asociar",
            nullptr,
            "Se&leccione una Minitienda",

@@ -1,11 +1,12 @@
 #include "wizards/ministores/ConfirmMinistoreAddition.h"
 
+#include "shell/frame/PageHost.h"
 #include "wizards/ministores/FreeStores.h"
 #include "wizards/ministores/MinistoreAddition.h"
 
 ConfirmMinistoreAddition::ConfirmMinistoreAddition(PageHost &parent, const QString &controlName,
                                                    QWidget *widgetParent)
-    : MinistoreConfirmationPage(parent, controlName, widgetParent, "ConfirmMinistoreAddition",
+    : MinistoreConfirmationPage(parent, controlName, widgetParent,
                                 "Confirme la Asociación de la Minitienda con el Depósito Virtual")
 {
 }

@@ -1,12 +1,13 @@
 #include "wizards/ministores/ConfirmMinistoreRemoval.h"
 
+#include "shell/frame/PageHost.h"
 #include "stores/VirtualDeposit.h"
 #include "wizards/ministores/FreeStores.h"
 #include "wizards/ministores/MinistoreRemove.h"
 
 ConfirmMinistoreRemoval::ConfirmMinistoreRemoval(PageHost &parent, const QString &controlName,
                                                  QWidget *widgetParent)
-    : MinistoreConfirmationPage(parent, controlName, widgetParent, "ConfirmMinistoreRemoval",
+    : MinistoreConfirmationPage(parent, controlName, widgetParent,
                                 "Confirme Eliminación de Minitienda")
 {
 }

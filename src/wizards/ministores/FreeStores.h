@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/core/RaisedError.h"
-#include "shell/frame/PageHost.h"
 #include "stores/Seller.h"
 
 #include <memory>
@@ -16,19 +15,6 @@ VirtualDeposits &sellerDeposits();
 Ministores ministoresWithoutDeposit();
 /// The deposits that hold no ministore, in the seller's order, keyed by id.
 VirtualDeposits depositsWithoutMinistore();
-
-/// The wizard's operation as the page needs it: ObjectNotSet when there is none, TypeMismatch
-/// (13) when it is of another kind.
-template <class Kind> std::shared_ptr<Kind> requiredOperation(const PageHost &wizard)
-{
-    const std::shared_ptr<Operation> operation = wizard.operation();
-    if (!operation)
-        raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
-    auto kind = std::dynamic_pointer_cast<Kind>(operation);
-    if (!kind)
-        raiseRuntimeError(RuntimeErrorNumber::TypeMismatch);
-    return kind;
-}
 
 /// The deposit or ministore behind a row key of the lists ("id" or "un" and the id).
 std::string idOfRowKey(const std::string &rowKey);

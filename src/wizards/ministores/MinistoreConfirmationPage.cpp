@@ -4,12 +4,11 @@
 #include "platform/ui/Ui.h"
 #include "shell/BusyCursor.h"
 #include "shell/ErrorHandling.h"
+#include "shell/frame/AbortQuestion.h"
 #include "shell/frame/NavigationButtons.h"
 #include "shell/frame/PageHost.h"
 #include "stores/VirtualDeposit.h"
 #include "stores/ZorvantaMinistore.h"
-#include "wizards/ministores/AbortQuestion.h"
-#include "wizards/ministores/EventProcedure.h"
 #include "wizards/ministores/FreeStores.h"
 #include "wizards/ministores/ValidateUserForm.h"
 
@@ -46,9 +45,8 @@ QGroupBox *captionedValues(const char *title, const char *const captions[3], int
 } // namespace
 
 MinistoreConfirmationPage::MinistoreConfirmationPage(PageHost &parent, const QString &controlName,
-                                                     QWidget *widgetParent, const char *className,
-                                                     const char *title)
-    : WizardPage(parent, controlName, widgetParent), m_className(className)
+                                                     QWidget *widgetParent, const char *title)
+    : WizardPage(parent, controlName, widgetParent)
 {
     auto *frame = new QGroupBox(title, this);
     frame->setObjectName("Frame1");
@@ -70,29 +68,21 @@ MinistoreConfirmationPage::MinistoreConfirmationPage(PageHost &parent, const QSt
     page->addWidget(frame, 1);
     page->addWidget(m_buttons);
 
-    connect(m_buttons, &NavigationButtons::AcceptClick, this,
-            eventProcedure(label("NavigationButtons1_AcceptClick"),
-                           [this] { performWithCredentials(); }));
-    connect(m_buttons, &NavigationButtons::BackClick, this,
-            eventProcedure(label("NavigationButtons1_BackClick"),
-                           [this] { Parent().SwitchPage(previousPage()); }));
-    connect(m_buttons, &NavigationButtons::CancelClick, this,
-            eventProcedure(label("NavigationButtons1_CancelClick"), [this] {
-                if (!canStop())
-                    return;
-                Parent().setOperation(nullptr);
-                Parent().SwitchPage("Show");
-            }));
-}
-
-std::string MinistoreConfirmationPage::label(const char *procedure) const
-{
-    return m_className + ":" + procedure;
+    onEvent(m_buttons, &NavigationButtons::AcceptClick, "NavigationButtons1_AcceptClick",
+            [this] { performWithCredentials(); });
+    onEvent(m_buttons, &NavigationButtons::BackClick, "NavigationButtons1_BackClick",
+            [this] { Parent().SwitchPage(previousPage()); });
+    onEvent(m_buttons, &NavigationButtons::CancelClick, "NavigationButtons1_CancelClick", [this] {
+        if (!canStop())
+            return;
+        Parent().setOperation(nullptr);
+        Parent().SwitchPage("Show");
+    });
 }
 
 void MinistoreConfirmationPage::Start()
 {
-    withHandler(label("Start"), [&] {
+    withHandler(handlerLabel("Start"), [&] {
         m_buttons->setNextEnabled(false);
         const auto shownDeposit = deposit();
         const auto shownMinistore = ministore();
@@ -108,7 +98,7 @@ void MinistoreConfirmationPage::Start()
 
 bool MinistoreConfirmationPage::canStop()
 {
-    return withHandler(label("canStop Property Get"),
+    return withHandler(handlerLabel("canStop Property Get"),
                        [&] { return userConfirmsAbort("¿Desea abortar la operación?"); });
 }
 

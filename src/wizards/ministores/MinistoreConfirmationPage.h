@@ -22,9 +22,8 @@ public:
     bool canStop() override;
 
 protected:
-    /// `className` is the page's class, which its error labels carry.
     MinistoreConfirmationPage(PageHost &parent, const QString &controlName, QWidget *widgetParent,
-                              const char *className, const char *title);
+                              const char *title);
 
     /// The deposit and the ministore of the wizard's operation.
     virtual std::shared_ptr<VirtualDeposit> deposit() = 0;
@@ -34,9 +33,6 @@ protected:
 
 private:
     void performWithCredentials();
-    std::string label(const char *procedure) const;
-
-    std::string m_className;
     NavigationButtons *m_buttons;
     QLabel *m_values[6];
 };

@@ -1,12 +1,11 @@
 #include "wizards/ministores/MinistoreSelectionPage.h"
 
 #include "shell/ErrorHandling.h"
+#include "shell/frame/AbortQuestion.h"
+#include "shell/frame/KeyedListView.h"
 #include "shell/frame/NavigationButtons.h"
 #include "shell/frame/PageHost.h"
-#include "wizards/ministores/AbortQuestion.h"
-#include "wizards/ministores/EventProcedure.h"
 #include "wizards/ministores/FreeStores.h"
-#include "wizards/ministores/KeyedListView.h"
 #include "wizards/ministores/MinistoreAddition.h"
 
 #include <QGroupBox>
@@ -44,7 +43,7 @@ MinistoreSelectionPage::MinistoreSelectionPage(PageHost &parent, const QString &
     chosenLines->addWidget(m_label2);
     inside->addWidget(chosen);
 
-    m_list = new KeyedListView(m_texts.headers, frame);
+    m_list = new KeyedListView("ListView1", m_texts.headers, frame);
     auto *listLabel = new QLabel(QString::fromUtf8(m_texts.listLabel), frame);
     listLabel->setObjectName("ListLabel");
     listLabel->setBuddy(m_list);
@@ -57,33 +56,25 @@ MinistoreSelectionPage::MinistoreSelectionPage(PageHost &parent, const QString &
     page->addWidget(frame, 1);
     page->addWidget(m_buttons);
 
-    connect(
-        m_list, &QTreeWidget::currentItemChanged, this,
-        eventProcedure(label("ListView1_ItemClick"), [this] { m_buttons->setNextEnabled(true); }));
-    connect(m_list, &QTreeWidget::itemDoubleClicked, this,
-            eventProcedure(label("ListView1_DblClick"), [this] { DoAssociation(); }));
-    connect(m_buttons, &NavigationButtons::NextClick, this,
-            eventProcedure(label("NavigationButtons1_NextClick"), [this] { DoAssociation(); }));
-    connect(m_buttons, &NavigationButtons::BackClick, this,
-            eventProcedure(label("NavigationButtons1_BackClick"),
-                           [this] { Parent().SwitchPage("Show"); }));
-    connect(m_buttons, &NavigationButtons::CancelClick, this,
-            eventProcedure(label("NavigationButtons1_CancelClick"), [this] {
-                if (!canStop())
-                    return;
-                Parent().setOperation(nullptr);
-                Parent().SwitchPage("Show");
-            }));
-}
-
-std::string MinistoreSelectionPage::label(const char *procedure) const
-{
-    return std::string(m_texts.className) + ":" + procedure;
+    onEvent(m_list, &QTreeWidget::currentItemChanged, "ListView1_ItemClick",
+            [this] { m_buttons->setNextEnabled(true); });
+    onEvent(m_list, &QTreeWidget::itemDoubleClicked, "ListView1_DblClick",
+            [this] { DoAssociation(); });
+    onEvent(m_buttons, &NavigationButtons::NextClick, "NavigationButtons1_NextClick",
+            [this] { DoAssociation(); });
+    onEvent(m_buttons, &NavigationButtons::BackClick, "NavigationButtons1_BackClick",
+            [this] { Parent().SwitchPage("Show"); });
+    onEvent(m_buttons, &NavigationButtons::CancelClick, "NavigationButtons1_CancelClick", [this] {
+        if (!canStop())
+            return;
+        Parent().setOperation(nullptr);
+        Parent().SwitchPage("Show");
+    });
 }
 
 void MinistoreSelectionPage::Start()
 {
-    withHandler(label("Start"), [&] {
+    withHandler(handlerLabel("Start"), [&] {
         const auto addition = requiredOperation<MinistoreAddition>(Parent());
         const auto [first, second] = chosenHalf(*addition);
         m_label1->setText(QString::fromStdString(first));
@@ -103,7 +94,7 @@ void MinistoreSelectionPage::Start()
 
 bool MinistoreSelectionPage::canStop()
 {
-    return withHandler(label("canStop Property Get"),
+    return withHandler(handlerLabel("canStop Property Get"),
                        [&] { return userConfirmsAbort(m_texts.abortQuestion); });
 }
 

@@ -14,8 +14,6 @@ class QLabel;
 /// What tells the two selection pages apart on the screen.
 struct SelectionTexts
 {
-    /// The page's class, which its error labels carry.
-    const char *className;
     const char *frame;
     const char *chosenFrame;
     /// A heading above the chosen half; none when null.
@@ -52,7 +50,6 @@ protected:
 
 private:
     void DoAssociation();
-    std::string label(const char *procedure) const;
 
     SelectionTexts m_texts;
     QLabel *m_label1;

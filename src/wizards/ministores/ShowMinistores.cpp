@@ -2,12 +2,11 @@
 
 #include "platform/ui/Ui.h"
 #include "shell/ErrorHandling.h"
+#include "shell/frame/KeyedListView.h"
 #include "shell/frame/PageHost.h"
 #include "stores/VirtualDeposit.h"
 #include "stores/ZorvantaMinistore.h"
-#include "wizards/ministores/EventProcedure.h"
 #include "wizards/ministores/FreeStores.h"
-#include "wizards/ministores/KeyedListView.h"
 #include "wizards/ministores/MinistoreAddition.h"
 #include "wizards/ministores/MinistoreRemove.h"
 
@@ -30,7 +29,8 @@ ShowMinistores::ShowMinistores(PageHost &parent, const QString &controlName, QWi
 {
     auto *frame = new QGroupBox(QString::fromUtf8("Depósitos y Minitiendas Actuales"), this);
     frame->setObjectName("Frame1");
-    m_list = new KeyedListView({QString::fromUtf8("Depósitos Virtuales"), "Minitiendas",
+    m_list = new KeyedListView("ListView1",
+                               {QString::fromUtf8("Depósitos Virtuales"), "Minitiendas",
                                 QString::fromUtf8("¿Minitienda Activa?")},
                                frame);
     m_associate = new QPushButton("&Asociar", frame);
@@ -48,19 +48,18 @@ ShowMinistores::ShowMinistores(PageHost &parent, const QString &controlName, QWi
     auto *page = new QVBoxLayout(this);
     page->addWidget(frame);
 
-    connect(m_list, &QTreeWidget::currentItemChanged, this,
-            eventProcedure("ShowMinistores:ListView1_ItemClick", [this] { enableButtons(); }));
-    connect(m_list, &QTreeWidget::itemDoubleClicked, this,
-            eventProcedure("ShowMinistores:ListView1_DblClick", [this] { DoAssociation(); }));
-    connect(m_associate, &QPushButton::clicked, this,
-            eventProcedure("ShowMinistores:Asociar_Click", [this] { DoAssociation(); }));
-    connect(m_deassociate, &QPushButton::clicked, this,
-            eventProcedure("ShowMinistores:Desasociar_Click", [this] { DoDeassociation(); }));
+    onEvent(m_list, &QTreeWidget::currentItemChanged, "ListView1_ItemClick",
+            [this] { enableButtons(); });
+    onEvent(m_list, &QTreeWidget::itemDoubleClicked, "ListView1_DblClick",
+            [this] { DoAssociation(); });
+    onEvent(m_associate, &QPushButton::clicked, "Asociar_Click", [this] { DoAssociation(); });
+    onEvent(m_deassociate, &QPushButton::clicked, "Desasociar_Click",
+            [this] { DoDeassociation(); });
 }
 
 void ShowMinistores::Start()
 {
-    withHandler("ShowMinistores:Start", [&] {
+    withHandler(handlerLabel("Start"), [&] {
         m_list->clear();
         if (sellerMinistores().empty()) {
             ui().msgBox("No hay minitiendas. Consulte al Administrador.");

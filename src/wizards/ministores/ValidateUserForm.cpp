@@ -2,8 +2,8 @@
 
 #include "platform/core/RaisedError.h"
 #include "platform/ui/Ui.h"
+#include "shell/frame/EventProcedure.h"
 #include "stores/ZorvantaMinistore.h"
-#include "wizards/ministores/EventProcedure.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

@@ -1,4 +1,4 @@
-#include "wizards/ministores/AbortQuestion.h"
+#include "shell/frame/AbortQuestion.h"
 
 #include "platform/ui/Ui.h"
 

@@ -1,15 +1,14 @@
-#include "wizards/ministores/KeyedListView.h"
+#include "shell/frame/KeyedListView.h"
 
 #include "platform/core/RaisedError.h"
 
 #include <QHeaderView>
-#include <algorithm>
-#include <cstdlib>
-#include <vector>
 
-KeyedListView::KeyedListView(const QStringList &headers, QWidget *parent) : QTreeWidget(parent)
+KeyedListView::KeyedListView(const QString &controlName, const QStringList &headers,
+                             QWidget *parent)
+    : QTreeWidget(parent)
 {
-    setObjectName("ListView1");
+    setObjectName(controlName);
     setHeaderLabels(headers);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
@@ -38,27 +37,10 @@ void KeyedListView::fitColumns()
     if (columns == 0)
         return;
     const int available = viewport()->width();
-    const int third = available / columns;
-    // How much each column lacks (negative) or can spare (positive) at a third of the width.
-    std::vector<int> room;
-    int missing = 0;
-    int spare = 0;
-    for (int column = 0; column < columns; ++column) {
-        const int needed = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column));
-        room.push_back(third - needed);
-        (room.back() < 0 ? missing : spare) += std::abs(room.back());
-    }
-    // Columns with room give it, in proportion, to the columns whose texts would be cut; the
-    // last column takes what rounding left, so that together they fill the list exactly.
-    const int moved = std::min(missing, spare);
-    int used = 0;
-    for (int column = 0; column + 1 < columns; ++column) {
-        const int gap = room[static_cast<std::size_t>(column)];
-        const int width = moved == 0 ? third : third - gap * moved / (gap < 0 ? missing : spare);
-        setColumnWidth(column, width);
-        used += width;
-    }
-    setColumnWidth(columns - 1, available - used);
+    const int share = available / columns;
+    for (int column = 0; column + 1 < columns; ++column)
+        setColumnWidth(column, share);
+    setColumnWidth(columns - 1, available - share * (columns - 1));
 }
 
 void KeyedListView::resizeEvent(QResizeEvent *event)
@@ -67,18 +49,29 @@ void KeyedListView::resizeEvent(QResizeEvent *event)
     fitColumns();
 }
 
-void KeyedListView::selectRow(const std::string &key)
+QTreeWidgetItem &KeyedListView::rowOfKey(const std::string &key) const
 {
     const QString wanted = QString::fromStdString(key);
     for (int row = 0; row < topLevelItemCount(); ++row) {
         QTreeWidgetItem *item = topLevelItem(row);
-        if (item->data(0, Qt::UserRole).toString() == wanted) {
-            setCurrentItem(item);
-            scrollToItem(item);
-            return;
-        }
+        if (item->data(0, Qt::UserRole).toString() == wanted)
+            return *item;
     }
     raiseRuntimeError(RuntimeErrorNumber::InvalidCall);
+}
+
+void KeyedListView::selectRow(const std::string &key)
+{
+    QTreeWidgetItem &item = rowOfKey(key);
+    setCurrentItem(&item);
+    scrollToItem(&item);
+}
+
+void KeyedListView::setRowColor(const std::string &key, const QColor &color)
+{
+    QTreeWidgetItem &item = rowOfKey(key);
+    for (int column = 0; column < columnCount(); ++column)
+        item.setForeground(column, color);
 }
 
 void KeyedListView::selectFirstRow()

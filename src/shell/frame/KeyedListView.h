@@ -1,24 +1,26 @@
 #pragma once
 
+#include <QColor>
 #include <QTreeWidget>
 #include <string>
 #include <vector>
 
-/// A list of rows in three columns, each row known by a text key: the list view of the
-/// ministore pages (its control name is ListView1). Each column takes a third of the width,
-/// unless its texts need more and another column can spare it.
+/// A report-style list of rows, each known by a text key, as the wizard pages show them
+/// ("ListView1", "ListView2"). The columns share the width equally.
 class KeyedListView : public QTreeWidget
 {
     Q_OBJECT
 public:
-    KeyedListView(const QStringList &headers, QWidget *parent);
+    KeyedListView(const QString &controlName, const QStringList &headers, QWidget *parent);
 
     void addRow(const std::string &key, const std::vector<std::string> &columns);
     /// Selects the row under `key`; InvalidCall (5) when no row has it.
     void selectRow(const std::string &key);
     /// Selects the first row, if there is one.
     void selectFirstRow();
-    /// Shares the width among the columns again, after the rows changed.
+    /// Paints every text of the row under `key`; InvalidCall (5) when no row has it.
+    void setRowColor(const std::string &key, const QColor &color);
+    /// Gives each column an equal share of the width, the last one what rounding leaves.
     void fitColumns();
 
     bool hasSelection() const { return currentItem() != nullptr; }
@@ -29,4 +31,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QTreeWidgetItem &rowOfKey(const std::string &key) const;
 };
