@@ -5,6 +5,7 @@
 #include "wizards/requests/RequestGetCategoryName.h"
 #include "wizards/requests/RequestGetImage.h"
 #include "wizards/requests/RequestGetName.h"
+#include "wizards/requests/RequestGetProperties.h"
 #include "wizards/requests/RequestGetProduct.h"
 #include "wizards/requests/RequestMenu.h"
 
@@ -16,6 +17,7 @@ RequestWizard::RequestWizard(HostWindow &host, const QString &controlName, QWidg
     makePage<RequestGetCategoryName>("RequestGetCategoryName1", "GetCategoryName");
     makePage<RequestGetProduct>("RequestGetProduct1", "GetProduct");
     makePage<RequestGetName>("RequestGetName1", "GetName");
+    makePage<RequestGetProperties>("RequestGetProperties1", "GetProperties");
     makePage<RequestGetImage>("RequestGetImage1", "GetImage");
     makePage<RequestConfirmation>("RequestConfirmation1", "Confirmation");
 }
