@@ -1,5 +1,6 @@
 #include "AssistantSandbox.h"
 #include "FakeConnectors.h"
+#include "ReceivedRequests.h"
 #include "catalogue/ZorvantaCategory.h"
 #include "catalogue/ZorvantaProduct.h"
 #include "gateways/QDX.h"
@@ -8,8 +9,6 @@
 #include "wizards/requests/ProductRequest.h"
 
 #include <gmock/gmock.h>
-#include <httplib.h>
-#include <pugixml.hpp>
 
 #include <fstream>
 #include <optional>
@@ -25,21 +24,7 @@ const std::string kImage =
 const std::string kJpegBytes("\xFF\xD8\xFF\xE0\x00\x10JFIF\x00\x01", 12);
 const std::string kJpegBase64 = "/9j/4AAQSkZJRgAB";
 
-/// A request as feria-sim tells its tests it received it.
-struct Received
-{
-    std::string operation;
-    std::string store;
-    std::string category;
-    std::string text;
-
-    friend bool operator==(const Received &, const Received &) = default;
-    friend void PrintTo(const Received &received, std::ostream *out)
-    {
-        *out << received.operation << " store=" << received.store
-             << " category=" << received.category << "\n" << received.text;
-    }
-};
+using Received = ReceivedRequest;
 
 /// Requests performed for the demo seller against feria-sim; what it received is read back
 /// from its state.
@@ -54,18 +39,9 @@ protected:
         m_before = received().size();
     }
 
-    std::vector<Received> received() const
+    static std::vector<Received> received()
     {
-        const auto reply = httplib::Client(std::getenv("ASISTENTE_MARKETPLACE_URL"))
-                               .Get("/sim/state");
-        pugi::xml_document state;
-        EXPECT_TRUE(reply && state.load_string(reply->body.c_str()));
-        std::vector<Received> requests;
-        for (pugi::xml_node node : state.child("MarketplaceState").child("Requests").children())
-            requests.push_back({node.attribute("operation").value(),
-                                node.attribute("StoreID").value(),
-                                node.attribute("CategoryID").value(), node.text().get()});
-        return requests;
+        return receivedRequests(std::getenv("ASISTENTE_MARKETPLACE_URL"));
     }
     /// What feria-sim received since the test began.
     std::vector<Received> receivedNow() const
