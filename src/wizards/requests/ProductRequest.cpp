@@ -30,17 +30,22 @@ void ProductRequest::Perform()
 {
     // Errors of the category are reported there; what fails here is named after Perform.
     withHandler(kPerform, [&] {
-        XmlDocument document;
-        if (!m_definition) {
-            buildDefinitionForm(document);
-            std::string text = document.xml();
+        std::string text = requestDocument();
+        if (m_definition)
+            required(m_category).RequestNewProduct(text);
+        else
             required(m_category).RequestNewProductDefinition(text);
-            return;
-        }
-        buildProductForm(document);
-        std::string text = document.xml();
-        required(m_category).RequestNewProduct(text);
     });
+}
+
+std::string ProductRequest::requestDocument() const
+{
+    XmlDocument document;
+    if (m_definition)
+        buildProductForm(document);
+    else
+        buildDefinitionForm(document);
+    return document.xml();
 }
 
 void ProductRequest::buildProductForm(XmlDocument &document) const

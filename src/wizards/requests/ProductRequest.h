@@ -47,6 +47,10 @@ public:
     /// goes all the same. Failures are reported; the request is spent either way.
     void Perform() override;
     std::string operationType() const override { return "ProductRequest"; }
+    /// The text of the request document, without the declaration the category puts in front:
+    /// RequestNewProduct with a definition, RequestNewProductDef without one. Raises what
+    /// fails while building it (the seller's first store for the second form).
+    std::string requestDocument() const;
 
     /// "JPG" for jpg and jpeg, "GIF" for gif, each in all lower or all upper case; empty for
     /// anything else. The extension is what follows the path's last ".", the whole path when
