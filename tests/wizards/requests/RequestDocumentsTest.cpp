@@ -10,7 +10,9 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <optional>
 
 using testing::ElementsAre;
@@ -162,6 +164,15 @@ TEST_F(RequestDocumentsTest, aNewCategoryIsAskedForFirstAndItsEmptyProductGoesUn
                                          "<Name>Historieta</Name><Fields/>"
                                          "</RequestNewProductDef>"}));
     EXPECT_EQ(ui->boxTexts(), std::vector<std::string>{"Solicitud enviada exitosamente"});
+    // Whoever runs the sandbox sees both arrive on feria-sim's output.
+    std::ifstream output(std::filesystem::path(std::getenv("ASISTENTE_TEST_URL_FILE"))
+                             .replace_filename("out"));
+    const std::string printed((std::istreambuf_iterator<char>(output)),
+                              std::istreambuf_iterator<char>());
+    EXPECT_THAT(printed, testing::HasSubstr("solicitud recibida: RequestNewCategory tienda=100 "
+                                            "categoría=ZC-500 (7 bytes)\nsolicitud recibida: "
+                                            "RequestNewProductDef tienda=100 categoría= (142 "
+                                            "bytes)\n"));
 }
 
 TEST_F(RequestDocumentsTest, thePictureAndItsTypeGoAsThePathAndTheFileAllow)
