@@ -10,6 +10,7 @@
 #include <charconv>
 #include <chrono>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <sstream>
 #include <thread>
@@ -142,8 +143,10 @@ void FeriaServer::onSoap(std::string_view port, const httplib::Request &request,
             document = ReplyDocument::status(CatalogService::replyName(message), *fault->code,
                                              fault->description, true);
         } else {
+            const std::size_t before = m_state.requests().size();
             document = m_catalog.answer(port, message);
-            if (message.operation().rfind("RequestNew", 0) == 0) {
+            if (m_state.requests().size() > before) {
+                reportRequest(m_state.requests().back());
                 saveState();
             }
         }
@@ -279,6 +282,14 @@ void FeriaServer::send(httplib::Response &response, std::string body, const char
             }
             return false;
         });
+}
+
+void FeriaServer::reportRequest(const ReceivedRequest &request)
+{
+    // Whoever runs the sandbox sees each request arrive; the whole text is in the state.
+    std::cout << "solicitud recibida: " << request.operation << " tienda=" << request.storeId
+              << " categoría=" << request.categoryId << " (" << request.text.size()
+              << " bytes)" << std::endl;
 }
 
 void FeriaServer::saveState() const

@@ -50,6 +50,8 @@ private:
                      const std::optional<Fault> &fault);
     /// Writes the state file, when there is one; called with the state locked.
     void saveState() const;
+    /// Prints one line on the standard output for a request just recorded.
+    static void reportRequest(const ReceivedRequest &request);
 
     std::unique_ptr<MarketplaceData> m_data;
     MarketplaceState m_state;

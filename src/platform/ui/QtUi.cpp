@@ -13,6 +13,24 @@
 
 namespace {
 
+// Callers write filters as "Imagen GIF (*.gif)|*.gif|Imagen JPEG (*.jpeg;*.jpg)|*.jpeg;*.jpg";
+// Qt's dialog reads "Imagen GIF (*.gif);;Imagen JPEG (*.jpeg *.jpg)".
+QString dialogFilter(const std::string &filter)
+{
+    const QStringList parts = QString::fromStdString(filter).split('|');
+    if (parts.size() < 2)
+        return QString::fromStdString(filter);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString description = parts[i];
+        if (const qsizetype open = description.lastIndexOf('('); open > 0)
+            description = description.left(open).trimmed();
+        filters << description + " (" + parts[i + 1].split(';', Qt::SkipEmptyParts).join(' ') +
+                       ")";
+    }
+    return filters.join(";;");
+}
+
 QMessageBox::Icon iconOf(MessageStyle style)
 {
     switch (style) {
@@ -123,7 +141,7 @@ std::string QtUi::getOpenFileName(const std::string &caption, const std::string 
 {
     return QFileDialog::getOpenFileName(QApplication::activeWindow(),
                                         QString::fromStdString(caption), QString(),
-                                        QString::fromStdString(filter))
+                                        dialogFilter(filter))
         .toStdString();
 }
 

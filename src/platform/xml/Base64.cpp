@@ -21,8 +21,20 @@ constexpr std::array<int, 256> decodingTable()
 
 std::string encodeBase64(const std::vector<std::uint8_t> &bytes, std::size_t lineLength)
 {
-    std::string plain;
-    plain.reserve((bytes.size() + 2) / 3 * 4);
+    const std::size_t digits = (bytes.size() + 2) / 3 * 4;
+    const std::size_t breaks = lineLength == 0 || digits == 0 ? 0 : (digits - 1) / lineLength;
+    // Written in one pass, breaks included: a picture of a megabyte is encoded on every send.
+    std::string text(digits + breaks, '\n');
+    char *out = text.data();
+    std::size_t column = 0;
+    const auto put = [&](char digit) {
+        if (lineLength != 0 && column == lineLength) {
+            ++out; // the line break already stands there
+            column = 0;
+        }
+        *out++ = digit;
+        ++column;
+    };
     for (std::size_t i = 0; i < bytes.size(); i += 3) {
         const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
         std::uint32_t group = std::uint32_t{bytes[i]} << 16;
@@ -31,18 +43,9 @@ std::string encodeBase64(const std::vector<std::uint8_t> &bytes, std::size_t lin
         if (count > 2)
             group |= bytes[i + 2];
         for (std::size_t k = 0; k < 4; ++k)
-            plain += k <= count ? kAlphabet[(group >> (18 - 6 * k)) & 0x3F] : '=';
+            put(k <= count ? kAlphabet[(group >> (18 - 6 * k)) & 0x3F] : '=');
     }
-    if (lineLength == 0 || plain.size() <= lineLength)
-        return plain;
-    std::string broken;
-    broken.reserve(plain.size() + plain.size() / lineLength);
-    for (std::size_t i = 0; i < plain.size(); i += lineLength) {
-        if (i > 0)
-            broken += '\n';
-        broken.append(plain, i, lineLength);
-    }
-    return broken;
+    return text;
 }
 
 std::optional<std::vector<std::uint8_t>> decodeBase64(std::string_view text)
