@@ -34,7 +34,7 @@ const std::string kCall =
 
 // Both rows were handed to the marketplace and no answer was applied: they go again next time.
 const Texts kBothProcessing = {"1|P", "2|P"};
-const Texts kBothPending = {"1|I|0||", "2|I|0||"};
+const Texts kBothPending = {"1|I|0|0|", "2|I|0|0|"};
 
 } // namespace
 
@@ -85,14 +85,14 @@ TEST_F(SendFailureTest, eachFailureEndsInTheSystemsMessageWithNothingHalfApplied
          "<CatalogOperation><RESULT>",
          {"Error: -10502: " + kGeneric},
          {"1|K", "2|P"},
-         {"2|I|0||"}},
+         {"2|I|0|0|"}},
         {"a description with an apostrophe",
          "<Fault operation='9' publication='2' code='-8006' description=\"Sin 'cupo'\"/>",
          {},
          "Error: -11000 (ZorvantaMinistore:SendPendingPublications:): Error en la base de datos ",
          {kDatabaseBox, kClosing},
          {"1|K", "2|P"},
-         {"2|I|0||"}},
+         {"2|I|0|0|"}},
         {"a connector code on every try",
          "<Fault operation='9' code='-2039'/>",
          {},

@@ -19,7 +19,7 @@ TEST_F(SendPendingPublicationsTest, nothingPendingStillSynchronisesTaxesAndSends
     EXPECT_THAT(marketplace("//Taxes/Store[@StoreID='100']/Tax/@TaxID"),
                 ElementsAre("IVA", "ISE", "ECO"));
     EXPECT_THAT(publications(), ElementsAre("1|L"));
-    EXPECT_THAT(pendings(), ElementsAre("1|I|0||"));
+    EXPECT_THAT(pendings(), ElementsAre("1|I|0|0|"));
     EXPECT_TRUE(ui->boxes().empty());
 }
 
@@ -116,7 +116,7 @@ TEST_F(SendPendingPublicationsTest, whatTheReplyLeavesOutStaysPending)
 
     EXPECT_THAT(progress.events, ElementsAre("max 3", "products 2"));
     EXPECT_THAT(publications(), ElementsAre("1|K", "2|P", "3|K"));
-    EXPECT_THAT(pendings(), ElementsAre("2|I|0||"));
+    EXPECT_THAT(pendings(), ElementsAre("2|I|0|0|"));
     EXPECT_TRUE(logged().empty());
 }
 
@@ -167,7 +167,7 @@ TEST_F(SendPendingPublicationsTest, eachAnswerLeavesItsOwnRowsBehind)
     EXPECT_THAT(progress.events, ElementsAre("max 8", "products 8"));
     EXPECT_THAT(publications(), ElementsAre("1|K", "2|K", "3|K", "4|K", "5|P", "6|P", "7|K"));
     EXPECT_THAT(pendings(), ElementsAre("2|A|4|-8005|Publicación duplicada",
-                                        "5|I|1|-9001|Catálogo bloqueado", "7|E|0||"));
+                                        "5|I|1|-9001|Catálogo bloqueado", "7|E|0|0|"));
     EXPECT_THAT(database->rows(Sql("SELECT Atributos FROM WIPRODPUBL WHERE IdPrdPublicado = 3")),
                 ElementsAre(price("5.00")));
     EXPECT_THAT(database->rows(Sql("SELECT Atributos FROM WIPRODPUBL WHERE IdPrdPublicado = 2")),
@@ -221,7 +221,7 @@ TEST_F(SendPendingPublicationsTest, aFailingStoreDoesNotStopTheNextOne)
 
     EXPECT_EQ(wire().size(), 3u);
     EXPECT_THAT(publications(), ElementsAre("1|K", "2|P", "3|K"));
-    EXPECT_THAT(pendings(), ElementsAre("2|I|0||"));
+    EXPECT_THAT(pendings(), ElementsAre("2|I|0|0|"));
     EXPECT_THAT(boxes(), ElementsAre("Error: -10502: " + kGenericBox));
     EXPECT_THAT(marketplace("//Store[@StoreID='300']/Publication/@ZorvantaID"),
                 ElementsAre("ZP-3"));
