@@ -221,17 +221,17 @@ AnsweredOperation::Outcome SendRun::applyRefusal(const Answer &answer, std::int1
                             << ", NumInt = NumInt + 1 WHERE IdPrdPublicado = " << number
                             << " AND estado = '" << sqlText(m_letter) << "'");
     Recordset counted =
-        m_writing.execute(Sql() << "SELECT NumInt FROM WIPRODPEND WHERE IdPrdPublicado = "
-                                << number << " AND estado = '" << sqlText(m_letter) << "'");
+        m_writing.execute(Sql() << "SELECT NumInt FROM WIPRODPEND WHERE IdPrdPublicado = " << number
+                                << " AND estado = '" << sqlText(m_letter) << "'");
     tries = counted.eof() ? 0 : toInt16(counted.fieldNumber(0));
     counted.close();
     if (tries < kMaximumRetries)
         return AnsweredOperation::Outcome::Retried;
     removePending(answer);
-    gLogger.WriteLogEntry(kLogPrefix + "La operación para el publicationID: " +
-                          answer.publicationId + " de tipo " + answer.word +
-                          " alcanzó el máximo de reintentos: " + std::to_string(kMaximumRetries) +
-                          " y será borrada de la base de datos");
+    gLogger.WriteLogEntry(
+        kLogPrefix + "La operación para el publicationID: " + answer.publicationId + " de tipo " +
+        answer.word + " alcanzó el máximo de reintentos: " + std::to_string(kMaximumRetries) +
+        " y será borrada de la base de datos");
     return AnsweredOperation::Outcome::Refused;
 }
 
