@@ -1,8 +1,10 @@
 #include "publication/CatalogBatchPlanner.h"
 
 #include "catalogue/SellerProduct.h"
+#include "gateways/QDX.h"
 #include "platform/xml/XmlDocument.h"
 #include "shell/ErrorHandling.h"
+#include "stores/NumberText.h"
 #include "stores/Seller.h"
 #include "stores/SellerTax.h"
 #include "stores/ZorvantaMinistore.h"
@@ -53,6 +55,14 @@ CatalogBatchPlanner::CatalogBatchPlanner(const ZorvantaMinistore &ministore,
                std::to_string(ministore.maxPublishedProducts()) + "</MaxProducts><Operations>"),
       m_rows(std::move(rows)), m_batchLimit(batchLimit)
 {
+}
+
+std::int16_t CatalogBatchPlanner::backOfficeLimit()
+{
+    const std::int16_t limit = toInt16(static_cast<double>(gOperationLimits.item("300").item("9")));
+    if (limit < 1)
+        raiseRuntimeError(RuntimeErrorNumber::InvalidCall);
+    return limit;
 }
 
 CatalogBatch CatalogBatchPlanner::next()

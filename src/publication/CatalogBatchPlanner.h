@@ -36,6 +36,10 @@ public:
     CatalogBatchPlanner(const ZorvantaMinistore &ministore, std::vector<dbPublication> rows,
                         std::int16_t batchLimit);
 
+    /// The batch limit the back office gives for catalogue operations. A limit below one is an
+    /// invalid call (5): no batch could ever take a row.
+    static std::int16_t backOfficeLimit();
+
     bool atEnd() const { return m_position >= m_rows.size(); }
     /// The next batch of at most the limit's rows. Raises -10501 when the request does not
     /// parse (a '<' or '&' in a product id or the license).

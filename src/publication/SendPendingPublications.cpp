@@ -49,12 +49,12 @@ public:
     void applyDatabaseFailure();
 
 private:
-    std::int16_t batchLimit() const;
     void markProcessing(const CatalogBatch &batch);
     int send(const std::string &request);
     Answer read(const XmlNode &operation, const ReplyReader &reader) const;
     void apply(const Answer &answer, const std::string &request, const std::string &replyXml);
     void removePending(const Answer &answer);
+    AnsweredOperation::Outcome applyRefusal(const Answer &answer, std::int16_t &tries);
 
     ZorvantaMinistore &m_ministore;
     PublicationProgress &m_progress;
@@ -71,7 +71,7 @@ void SendRun::run()
         connection->open(gSeller->connectionString(), 15);
         connection->clearErrors();
     }
-    const std::int16_t limit = batchLimit();
+    const std::int16_t limit = CatalogBatchPlanner::backOfficeLimit();
     const std::int16_t total = PendingPublications::count(m_reading, m_ministore.id());
     m_progress.setMaxProducts(total);
     if (total == 0) {
@@ -83,18 +83,10 @@ void SendRun::run()
     while (!planner.atEnd()) {
         const CatalogBatch batch = planner.next();
         markProcessing(batch);
+        m_progress.requestSent(batch.wireText(), batch.operations);
         const int answered = send(batch.wireText());
         m_progress.setProducts(toInt16(static_cast<double>(m_progress.products()) + answered));
     }
-}
-
-std::int16_t SendRun::batchLimit() const
-{
-    const std::int16_t limit = toInt16(static_cast<double>(gOperationLimits.item("300").item("9")));
-    // A limit below one would never take a row: the batch loop could not end.
-    if (limit < 1)
-        raiseRuntimeError(RuntimeErrorNumber::InvalidCall);
-    return limit;
 }
 
 void SendRun::markProcessing(const CatalogBatch &batch)
@@ -183,8 +175,10 @@ void SendRun::apply(const Answer &given, const std::string &request, const std::
                               ". XML Salida: " + replyXml);
 
     const SqlNumber number = sqlNumber(answer.publicationId);
+    AnsweredOperation answered{given.publicationId, given.word, given.code, given.description};
     m_writing.begin();
     if (answer.code == "0") {
+        answered.outcome = AnsweredOperation::Outcome::Accepted;
         if (answer.word == "Publicar")
             m_writing.execute(Sql() << "UPDATE WIPRODPUBL SET Estado = 'K' WHERE IdPrdPublicado = "
                                     << number);
@@ -206,30 +200,39 @@ void SendRun::apply(const Answer &given, const std::string &request, const std::
         if (answer.word == "Despublicar")
             m_writing.execute(Sql() << "DELETE FROM WIPRODPUBL WHERE IdPrdPublicado = " << number);
     } else {
-        const int type = gLogger.getTypeError(toInt16(answer.code));
-        if (type == gLogger.errorTypeApplication) {
-            removePending(answer);
-        } else if (type == gLogger.errorTypeUser || type == gLogger.errorTypeFatal) {
-            m_writing.execute(Sql()
-                              << "UPDATE WIPRODPEND SET MsgErr = '" << sqlText(answer.description)
-                              << "', Error = " << sqlNumber(answer.code)
-                              << ", NumInt = NumInt + 1 WHERE IdPrdPublicado = " << number
-                              << " AND estado = '" << sqlText(m_letter) << "'");
-            Recordset tries =
-                m_writing.execute(Sql() << "SELECT NumInt FROM WIPRODPEND WHERE IdPrdPublicado = "
-                                        << number << " AND estado = '" << sqlText(m_letter) << "'");
-            const std::int16_t attempts = tries.eof() ? 0 : toInt16(tries.fieldNumber(0));
-            tries.close();
-            if (attempts >= kMaximumRetries) {
-                removePending(answer);
-                gLogger.WriteLogEntry(
-                    kLogPrefix + "La operación para el publicationID: " + answer.publicationId +
-                    " de tipo " + answer.word + " alcanzó el máximo de reintentos: " +
-                    std::to_string(kMaximumRetries) + " y será borrada de la base de datos");
-            }
-        }
+        answered.outcome = applyRefusal(answer, answered.tries);
     }
     m_writing.commit();
+    m_progress.operationAnswered(answered);
+}
+
+AnsweredOperation::Outcome SendRun::applyRefusal(const Answer &answer, std::int16_t &tries)
+{
+    const SqlNumber number = sqlNumber(answer.publicationId);
+    const int type = gLogger.getTypeError(toInt16(answer.code));
+    if (type == gLogger.errorTypeApplication) {
+        removePending(answer);
+        return AnsweredOperation::Outcome::Refused;
+    }
+    if (type != gLogger.errorTypeUser && type != gLogger.errorTypeFatal)
+        return AnsweredOperation::Outcome::Unchanged;
+    m_writing.execute(Sql() << "UPDATE WIPRODPEND SET MsgErr = '" << sqlText(answer.description)
+                            << "', Error = " << sqlNumber(answer.code)
+                            << ", NumInt = NumInt + 1 WHERE IdPrdPublicado = " << number
+                            << " AND estado = '" << sqlText(m_letter) << "'");
+    Recordset counted =
+        m_writing.execute(Sql() << "SELECT NumInt FROM WIPRODPEND WHERE IdPrdPublicado = " << number
+                                << " AND estado = '" << sqlText(m_letter) << "'");
+    tries = counted.eof() ? 0 : toInt16(counted.fieldNumber(0));
+    counted.close();
+    if (tries < kMaximumRetries)
+        return AnsweredOperation::Outcome::Retried;
+    removePending(answer);
+    gLogger.WriteLogEntry(
+        kLogPrefix + "La operación para el publicationID: " + answer.publicationId + " de tipo " +
+        answer.word + " alcanzó el máximo de reintentos: " + std::to_string(kMaximumRetries) +
+        " y será borrada de la base de datos");
+    return AnsweredOperation::Outcome::Refused;
 }
 
 void SendRun::removePending(const Answer &answer)
