@@ -294,6 +294,25 @@ TEST_F(AssociationsFlowTest, aNewAssociationWithVariantValuesWritesOneRowAndIsLi
     EXPECT_TRUE(logLines().empty());
 }
 
+TEST_F(AssociationsFlowTest, theDetailShowsTheMarketplacesFixedValuesAndTheSellersVariantOnes)
+{
+    // A row written by another program, with a fixed value of its own.
+    storeAssociation("ERP-0495", "ZP-00191",
+                     "<Properties><Field fieldID=\"Marca\"><![CDATA[Otra marca]]></Field>"
+                     "</Properties><VariantProperties><Field fieldID=\"Color\"><![CDATA[Gris]]>"
+                     "</Field></VariantProperties>");
+    openWizard();
+    const Texts shown = propertyRows("ShowAssociations1");
+    EXPECT_THAT(shown, testing::IsSupersetOf({"Marca|Alpaca Viva", "Color|Gris"}));
+    EXPECT_THAT(shown, testing::Not(testing::Contains("Marca|Otra marca")));
+    EXPECT_THAT(shown, testing::Contains("Talla|")) << "no value, and no failure";
+    EXPECT_THAT(control<QTreeWidget>("ShowAssociations1", "ListView1")
+                    ->topLevelItem(0)
+                    ->text(1)
+                    .toStdString(),
+                "ERP-0495");
+}
+
 TEST_F(AssociationsFlowTest, theSameChoiceAgainIsRefusedAndWritesNothing)
 {
     storeAssociation("ERP-0495", "ZP-00191", kShirtAttributes);
