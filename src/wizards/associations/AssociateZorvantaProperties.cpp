@@ -11,6 +11,7 @@
 #include "wizards/associations/PageLabels.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QVBoxLayout>
 
 AssociateZorvantaProperties::AssociateZorvantaProperties(PageHost &parent,
@@ -28,8 +29,11 @@ AssociateZorvantaProperties::AssociateZorvantaProperties(PageHost &parent,
     m_buttons = makeButtons();
     m_buttons->setAcceptEnabled(false);
     auto *page = new QVBoxLayout(this);
-    page->addWidget(
-        titleLabel("Label1", "&Ingrese las características de su producto en Feria Nubalia", this));
+    QLabel *title =
+        titleLabel("Label1", "&Ingrese las características de su producto en Feria Nubalia", this);
+    // The caption's mnemonic leads to the grid, as the frame's does.
+    title->setBuddy(m_properties);
+    page->addWidget(title);
     page->addWidget(frame1, 1);
     page->addWidget(m_buttons);
 
