@@ -134,8 +134,8 @@ void ShowPendingPublications::Start()
         m_properties->showNonCharacteristic = true;
         m_properties->showPrices = true;
         m_grid->AddHeadings();
-        m_search->Reset();
-        // Setting the list to search runs the search, and Changed draws it.
+        // Setting the list lays the search out and runs it anew, as a reset would, and Changed
+        // draws it; a reset of its own would first search the list of all products.
         m_search->setSearchType(kPendingPublications);
         showFirst();
     });
