@@ -1,9 +1,9 @@
 #include "wizards/send/SendWizard.h"
 
-#include "shell/frame/WizardPage.h"
+#include "wizards/send/ShowPendingPublications.h"
 
 SendWizard::SendWizard(HostWindow &host, const QString &controlName, QWidget *parent)
     : WizardShell(host, "SendWizard", controlName, parent)
 {
-    makePage<WizardPage>("ShowPendingPublications1", "Show");
+    makePage<ShowPendingPublications>("ShowPendingPublications1", "Show");
 }
