@@ -1,6 +1,7 @@
 #include "SendPipelineTest.h"
 #include "TestPanels.h"
 #include "publication/SellerLists.h"
+#include "publication/SendLock.h"
 #include "wizards/send/SendWizard.h"
 
 #include <QDialog>
@@ -9,6 +10,10 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -140,6 +145,45 @@ TEST_F(SendFlowTest, eachPendingOperationIsALineWithItsOwnStateAndARefusedOneSta
     EXPECT_THAT(lines(), ElementsAre("Error!|Publicación|E-3|Sartén|"));
     EXPECT_TRUE(button("ShowError").isEnabled());
     EXPECT_EQ(ui->cursor(), 0);
+
+    // The send left its report beside the log: two accepted, one to be retried with its reason.
+    std::vector<std::filesystem::path> reports;
+    for (const auto &entry : std::filesystem::directory_iterator(workDir / "informes"))
+        reports.push_back(entry.path().filename());
+    std::sort(reports.begin(), reports.end());
+    ASSERT_EQ(reports.size(), 2u);
+    EXPECT_EQ(reports[0].extension(), ".html");
+    std::ifstream json(workDir / "informes" / reports[1]);
+    const std::string text((std::istreambuf_iterator<char>(json)), {});
+    EXPECT_THAT(text, HasSubstr("\"enviadas\": 3, \"aceptadas\": 2, \"rechazadas\": 0, "
+                                "\"reintentos\": 1"));
+    EXPECT_THAT(text, HasSubstr("Sin cupo"));
+}
+
+TEST_F(SendFlowTest, aSendUnderWayElsewhereLeavesTheTablesAndTheWireAlone)
+{
+    openMarketplace();
+    link("100", "DV-01");
+    associate(1, "E-1", "ZP-1");
+    publication(1, 1, "100", "L");
+    pending(1, 1, "100", "I", price("1.00"), 1);
+    SendLock scheduled;
+    std::string why;
+    ASSERT_TRUE(scheduled.tryLock(SendLock::fileFor(gSeller->database()), why)) << why;
+
+    openWizard();
+    // The small marketplace's products have no price block to show: the grid says so.
+    ui->clearBoxes();
+    watchProgress();
+    QTest::mouseClick(&button("Enviar"), Qt::LeftButton);
+    EXPECT_TRUE(closeEnabled);
+    // Besides the grid's own boxes when the list is read again, the seller is told why.
+    const auto told = std::count_if(ui->boxes().begin(), ui->boxes().end(),
+                                    [](const RecordedBox &box) { return box.title == "Progreso"; });
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(wire().empty());
+    EXPECT_THAT(publications(), ElementsAre("1|L"));
+    EXPECT_THAT(pendings(), ElementsAre("1|I|0|0|"));
 }
 
 TEST_F(SendFlowTest, aFailureInTheSecondOfThreeStoresStillSendsTheThird)

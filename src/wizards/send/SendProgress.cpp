@@ -2,10 +2,14 @@
 
 #include "platform/core/RaisedError.h"
 #include "platform/ui/Ui.h"
+#include "publication/SendLock.h"
 #include "publication/SendPendingPublications.h"
+#include "publication/SendReport.h"
 #include "shell/AppState.h"
+#include "shell/Logger.h"
 #include "shell/frame/EventProcedure.h"
 #include "stores/NumberText.h"
+#include "stores/Seller.h"
 #include "stores/ZorvantaMinistore.h"
 
 #include <QCloseEvent>
@@ -172,17 +176,31 @@ void SendProgress::DoSend()
             if (!m_ministores)
                 raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
             ui().setCursor(kHourglassCursor);
+            // A scheduled send may be working on the same tables: then this one sends nothing.
+            SendLock lock;
+            std::string why;
+            if (!lock.tryLock(SendLock::fileFor(gSeller->database()), why)) {
+                ui().setCursor(kDefaultCursor);
+                ui().msgBox(why, MessageStyle::Exclamation, MessageButtons::Ok, "Progreso");
+                m_close->setEnabled(gAppRunning);
+                return;
+            }
             setMaxMinistores(toInt16(double(m_ministores->count())));
             setMinistores(std::int16_t(0));
+            SendReport report;
             for (const auto &ministore : *m_ministores) {
                 setProducts(0);
-                SendPendingPublications(*ministore, *this);
+                SendPendingPublications(*ministore, report.watch(*ministore, *this));
+                report.storeFinished();
                 if (!gAppRunning)
                     break;
                 // Full even when some rows got no answer: the store is done.
                 setProducts(m_maxProducts);
                 setMinistores(toInt16(double(ministores() + 1)));
             }
+            // The seller reads afterwards what was accepted and what was refused, and why.
+            if (report.write(SendReport::folder(), why).empty())
+                gLogger.WriteLogEntry("(SendProgress:DoSend) " + why);
             ui().setCursor(kDefaultCursor);
             m_close->setEnabled(gAppRunning);
         },
