@@ -176,35 +176,40 @@ void SendProgress::DoSend()
             if (!m_ministores)
                 raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
             ui().setCursor(kHourglassCursor);
-            // A scheduled send may be working on the same tables: then this one sends nothing.
-            SendLock lock;
-            std::string why;
-            if (!lock.tryLock(SendLock::fileFor(gSeller->database()), why)) {
-                ui().setCursor(kDefaultCursor);
-                ui().msgBox(why, MessageStyle::Exclamation, MessageButtons::Ok, "Progreso");
-                m_close->setEnabled(gAppRunning);
-                return;
-            }
             setMaxMinistores(toInt16(double(m_ministores->count())));
             setMinistores(std::int16_t(0));
-            SendReport report;
-            for (const auto &ministore : *m_ministores) {
-                setProducts(0);
-                SendPendingPublications(*ministore, report.watch(*ministore, *this));
-                report.storeFinished();
-                if (!gAppRunning)
-                    break;
-                // Full even when some rows got no answer: the store is done.
-                setProducts(m_maxProducts);
-                setMinistores(toInt16(double(ministores() + 1)));
-            }
-            // The seller reads afterwards what was accepted and what was refused, and why.
-            if (report.write(SendReport::folder(), why).empty())
-                gLogger.WriteLogEntry("(SendProgress:DoSend) " + why);
+            if (m_ministores->count() > 0)
+                sendEach();
             ui().setCursor(kDefaultCursor);
             m_close->setEnabled(gAppRunning);
         },
         [] { ui().setCursor(kDefaultCursor); });
+}
+
+void SendProgress::sendEach()
+{
+    // A scheduled send may be working on the same tables: then this one sends nothing.
+    SendLock lock;
+    std::string why;
+    if (!lock.tryLock(SendLock::fileFor(gSeller->database()), why)) {
+        ui().setCursor(kDefaultCursor);
+        ui().msgBox(why, MessageStyle::Exclamation, MessageButtons::Ok, "Progreso");
+        return;
+    }
+    SendReport report;
+    for (const auto &ministore : *m_ministores) {
+        setProducts(0);
+        SendPendingPublications(*ministore, report.watch(*ministore, *this));
+        report.storeFinished();
+        if (!gAppRunning)
+            break;
+        // Full even when some rows got no answer: the store is done.
+        setProducts(m_maxProducts);
+        setMinistores(toInt16(double(ministores() + 1)));
+    }
+    // The seller reads afterwards what was accepted and what was refused, and why.
+    if (report.write(SendReport::folder(), why).empty())
+        gLogger.WriteLogEntry("(SendProgress:DoSend) " + why);
 }
 
 bool SendProgress::mayClose() const

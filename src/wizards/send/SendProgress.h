@@ -43,6 +43,8 @@ protected:
 private:
     void Form_Load();
     void DoSend();
+    /// Sends each ministore in turn under the send lock, and leaves the run's report.
+    void sendEach();
     bool mayClose() const;
 
     QTimer *m_timer;
