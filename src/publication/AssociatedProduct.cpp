@@ -4,6 +4,7 @@
 #include "catalogue/ZorvantaValue.h"
 #include "platform/db/Connection.h"
 #include "platform/xml/XmlDocument.h"
+#include "publication/ErpReplyFields.h"
 #include "shell/ClassDebugId.h"
 #include "shell/Constants.h"
 #include "shell/ErrorHandling.h"
@@ -22,17 +23,10 @@ const std::string kDetailApi = "El XML retornado por APIDovel.ObtenerDefinicionP
     raiseError(-10500, text + node.xml(), kLetXml);
 }
 
-/// The text of the first element `query` finds, which must exist and hold something.
 std::string requiredText(const XmlNode &node, const std::string &query, const std::string &api,
                          const std::string &element)
 {
-    const XmlNodeList found = node.selectNodes(query);
-    if (found.length() == 0)
-        fail(api + "no tiene etiqueta " + element + ": ", node);
-    const XmlNode text = found.item(0).firstChild();
-    if (!text)
-        fail(api + "no tiene valor para " + element + ": ", node);
-    return text.nodeValue();
+    return requiredErpText(node, query, api, element, kLetXml);
 }
 
 const ZorvantaProperty &definitionOf(const std::shared_ptr<ZorvantaValue> &value)
@@ -147,21 +141,11 @@ void AssociatedProduct::readValues(const XmlNode &node)
         {"descendant::Properties/Field", "fijos"},
         {"descendant::VariantProperties/Field", "variables"},
     };
-    for (const auto &[query, kind] : groups) {
-        for (const XmlNode &field : found.item(0).selectNodes(query)) {
-            const std::optional<std::string> fieldId = field.getAttribute("fieldID");
-            if (!field.attributes() || !fieldId)
-                fail(kDetailApi + "tiene el campo AtributosCaracteristicos " + kind +
-                         " con información de atributos incompleta: ",
-                     node);
-            // A property the marketplace product no longer has stops the reading here.
-            const std::shared_ptr<ZorvantaProperty> property = properties->item(*fieldId);
-            auto value = std::make_shared<ZorvantaValue>();
-            value->setDefinition(property);
-            value->setXml(field);
-            m_values->add(value, property->id());
-        }
-    }
+    for (const auto &[query, kind] : groups)
+        addFieldValues(found.item(0), query, *properties, *m_values,
+                       kDetailApi + "tiene el campo AtributosCaracteristicos " + kind +
+                           " con información de atributos incompleta: ",
+                       node, kLetXml);
 }
 
 void AssociatedProduct::getDetailInformation()

@@ -1,0 +1,262 @@
+#pragma once
+
+#include "CatalogueTest.h"
+#include "FakeConnectors.h"
+#include "SellerDatabaseSandbox.h"
+#include "catalogue/ProductLine.h"
+#include "catalogue/ZorvantaProduct.h"
+#include "catalogue/ZorvantaProperty.h"
+#include "catalogue/ZorvantaValue.h"
+#include "platform/xml/XmlDocument.h"
+#include "publication/PublishedProduct.h"
+#include "publication/SellerLists.h"
+#include "shell/Constants.h"
+#include "stores/Seller.h"
+#include "stores/ZorvantaMinistore.h"
+
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// The demo seller's ERP: its detail of a publication is the reply the test gives, and its
+/// database is the one the test chose.
+class PublicationErp : public FakeErp
+{
+public:
+    std::int32_t ObtenerDataBase(char *server, char *database, char *user, char *password) override
+    {
+        const std::int32_t code = FakeErp::ObtenerDataBase(server, database, user, password);
+        std::strcpy(database, databaseName.c_str());
+        return code;
+    }
+    std::int32_t ObtenerDefinicionProducto(std::int32_t type, const char *key, const char *store,
+                                           char *reply) override
+    {
+        calls.push_back(std::to_string(type) + "|" + key + "|" + store);
+        std::strcpy(reply, detailReply.c_str());
+        return detailCode;
+    }
+
+    std::string databaseName = "AsistenteDemo";
+    std::vector<std::string> calls;
+    std::string detailReply;
+    std::int32_t detailCode = 0;
+};
+
+/// Publications of association 7 (the ERP's shirt ERP-0495 bound to the marketplace's shirt
+/// ZP-00191, which has the variant properties Color and Talla) in store 100, on a machine that
+/// writes 12,5. The shirt's non-characteristic properties are a price, a quantity and a free
+/// text. The marketplace side is a product template, which never calls the service. The seller's
+/// database is the embedded engine's, or with useOdbc() the same tables behind the ODBC driver.
+class PublicationTest : public CatalogueTest
+{
+protected:
+    using Pairs = std::vector<std::pair<std::string, std::string>>;
+
+    void SetUp() override
+    {
+        CatalogueTest::SetUp();
+        m_separator = gDecimalSeparator;
+        gDecimalSeparator = ",";
+        erp = std::make_shared<PublicationErp>();
+        setErpLibrary(erp);
+        database = std::make_unique<SellerDatabaseSandbox>();
+        gSeller.reset();
+        registerSellerListLines();
+        shirt = product(kShirt);
+        store = ministore("100");
+    }
+    void TearDown() override
+    {
+        gSeller.reset();
+        unsetenv("ASISTENTE_SQL_DRIVER");
+        database.reset();
+        setErpLibrary(nullptr);
+        gDecimalSeparator = m_separator;
+        CatalogueTest::TearDown();
+    }
+
+    /// Puts WIPRODPUBL and WIPRODPEND behind the ODBC driver of SQLite, made as a server's
+    /// schema makes them. False when the driver is not installed.
+    bool useOdbc()
+    {
+        if (!std::filesystem::exists(kOdbcDriver))
+            return false;
+        setenv("ASISTENTE_SQL_DRIVER", kOdbcDriver, 1);
+        erp->databaseName = (database->dir() / "servidor.db").string();
+        gSeller.reset();
+        Connection connection;
+        connection.open(gSeller->connectionString(), 15);
+        connection.execute(Sql("CREATE TABLE WIPRODPUBL (IdPrdPublicado INTEGER PRIMARY KEY "
+                               "AUTOINCREMENT, IdPrdAsociado INT NOT NULL, IdTienda VARCHAR(50) "
+                               "NOT NULL, Estado CHAR(1) NOT NULL, Atributos TEXT, "
+                               "FechaPublicado DATETIME)"));
+        connection.execute(Sql("CREATE TABLE WIPRODPEND (IdPrdPublicado INT NOT NULL, "
+                               "IdPrdAsociado INT NOT NULL, IdTienda VARCHAR(50) NOT NULL, "
+                               "Estado CHAR(1) NOT NULL, Atributos TEXT, FechaPublicado "
+                               "DATETIME, NumInt INT NOT NULL DEFAULT 0, MsgErr TEXT, Error "
+                               "SMALLINT, PRIMARY KEY (IdPrdPublicado, Estado))"));
+        return true;
+    }
+
+    /// The rows of a query on the seller's database, each as its fields joined with '|'.
+    Texts rows(const Sql &query)
+    {
+        Connection connection;
+        connection.open(gSeller->connectionString(), 15);
+        Recordset found = connection.execute(query);
+        Texts rows;
+        for (; !found.eof(); found.moveNext()) {
+            std::string row;
+            for (int field = 0; field < found.fieldCount(); ++field)
+                row += (field == 0 ? "" : "|") + found.fieldText(field);
+            rows.push_back(row);
+        }
+        return rows;
+    }
+    void execute(const Sql &statement)
+    {
+        Connection connection;
+        connection.open(gSeller->connectionString(), 15);
+        connection.execute(statement);
+    }
+    /// Every publication as "number|association|store|state|attributes".
+    Texts publications()
+    {
+        return rows(Sql("SELECT IdPrdPublicado, IdPrdAsociado, IdTienda, Estado, Atributos FROM "
+                        "WIPRODPUBL ORDER BY IdPrdPublicado"));
+    }
+    /// Every pending operation as "number|association|store|operation|attributes|attempts".
+    Texts pending()
+    {
+        return rows(Sql("SELECT IdPrdPublicado, IdPrdAsociado, IdTienda, Estado, Atributos, "
+                        "NumInt FROM WIPRODPEND ORDER BY IdPrdPublicado, Estado"));
+    }
+
+    static std::shared_ptr<ZorvantaProduct> product(const char *definition)
+    {
+        auto made = std::make_shared<ZorvantaProduct>();
+        made->setIsDefinition(true);
+        XmlDocument document;
+        EXPECT_TRUE(document.loadXML(definition));
+        made->setXml(document.documentElement());
+        made->setId("ZP-00191");
+        return made;
+    }
+    static std::shared_ptr<ZorvantaMinistore> ministore(const std::string &id)
+    {
+        XmlDocument reply;
+        EXPECT_TRUE(reply.loadXML("<Store><StoreID>" + id +
+                                  "</StoreID><Name>Tienda</Name><NumberOfProducts>0"
+                                  "</NumberOfProducts><MaxProducts>10</MaxProducts><ProductID>300"
+                                  "</ProductID><Status>A</Status></Store>"));
+        auto made = std::make_shared<ZorvantaMinistore>();
+        made->setXml(reply.documentElement(), reply.documentElement());
+        return made;
+    }
+    /// Values of the shirt's properties as the pages give them: keyed by property id, in the
+    /// display form.
+    std::shared_ptr<PublishedProduct::Values> values(const Pairs &pairs)
+    {
+        auto result = std::make_shared<PublishedProduct::Values>();
+        for (const auto &[id, text] : pairs) {
+            auto value = std::make_shared<ZorvantaValue>();
+            value->setDefinition(shirt->properties()->item(id));
+            value->setValue(text);
+            result->add(value, id);
+        }
+        return result;
+    }
+    /// Association 7 as the associated list gives it, bound to the shirt.
+    std::shared_ptr<AssociatedProduct> association()
+    {
+        XmlDocument line;
+        EXPECT_TRUE(line.loadXML("<Producto><CodigoDovel>ERP-0495</CodigoDovel><Descripcion>"
+                                 "Camisa de algodón</Descripcion><CodigoAsociacion>7"
+                                 "</CodigoAsociacion><CodigoZorvanta>ZP-00191</CodigoZorvanta>"
+                                 "</Producto>"));
+        auto made = std::make_shared<AssociatedProduct>();
+        made->setXml(line.documentElement());
+        made->setZorvantaProd(shirt);
+        return made;
+    }
+    /// Publishes the shirt with these values, as the confirmation page does; the new number.
+    std::string publish(const Pairs &pairs, std::shared_ptr<ZorvantaMinistore> in = nullptr)
+    {
+        PublishedProduct publication;
+        publication.setAssociatedProd(association());
+        publication.setMinistore(in ? in : store);
+        publication.setNonCharateristicAttributes(values(pairs));
+        publication.CreatePublication();
+        return publication.publicationId();
+    }
+    /// A `Producto` line of the published (2) or pending (3) list in store 100.
+    static std::string line(const std::string &number, const std::string &state = "K",
+                            const std::string &date = "2026-02-01 10:00:00")
+    {
+        return "<Producto><CodigoDovel>ERP-0495</CodigoDovel><Descripcion>Camisa de algodón"
+               "</Descripcion><CodigoAsociacion>7</CodigoAsociacion><CodigoPublicacion>" +
+               number +
+               "</CodigoPublicacion><CodigoZorvanta>ZP-00191</CodigoZorvanta><StoreID>"
+               "100</StoreID><Estado>" +
+               state + "</Estado><FechaPublicacion>" + date + "</FechaPublicacion></Producto>";
+    }
+    /// The line the list of `type` makes of `text`, bound to the shirt.
+    std::shared_ptr<PublishedProduct> listed(const std::string &text, std::int16_t type = 2)
+    {
+        XmlDocument document;
+        EXPECT_TRUE(document.loadXML("<BusquedaProductosIndividual><Productos>" + text +
+                                     "</Productos></BusquedaProductosIndividual>"));
+        const auto made = std::dynamic_pointer_cast<PublishedProduct>(ProductLine::make(
+            type, document.documentElement().selectNodes("//Producto").item(0), store));
+        if (made)
+            made->setAssociatedProduct_zorvantaProd(shirt);
+        return made;
+    }
+    /// Publication `number` as the published list gives it, with the values a page set.
+    std::shared_ptr<PublishedProduct> listedWith(const std::string &number, const Pairs &pairs)
+    {
+        auto made = listed(line(number));
+        made->setNonCharateristicAttributes(values(pairs));
+        return made;
+    }
+    /// What the send run does when it hands the publication to the marketplace, or when the
+    /// marketplace accepts it.
+    void sendRunSets(const std::string &number, const char *state)
+    {
+        execute(Sql() << "UPDATE WIPRODPUBL SET Estado = '" << sqlText(state)
+                      << "' WHERE IdPrdPublicado = " << sqlNumber(number));
+        if (std::string(state) == "K")
+            execute(Sql() << "DELETE FROM WIPRODPEND WHERE IdPrdPublicado = " << sqlNumber(number)
+                          << " AND Estado = 'I'");
+    }
+
+    static constexpr const char *kOdbcDriver = "/usr/lib/x86_64-linux-gnu/odbc/libsqlite3odbc.so";
+    static constexpr const char *kShirt =
+        "<ProductDefinition><PropertiesDefinition>"
+        "<Property name='Marca' id='Marca' dataType='String' required='yes' readOnly='no'/>"
+        "<Property name='Color' id='Color' dataType='String' required='yes' readOnly='no'/>"
+        "<Property name='Talla' id='Talla' dataType='String' required='yes' readOnly='no'/>"
+        "<Property name='Precio de lista' id='Cy_List_Price' dataType='Currency' required='yes' "
+        "readOnly='no' type='NC'/>"
+        "<Property name='Cantidad grupo 1' id='Group1Quantity' dataType='Integer' required='no' "
+        "readOnly='no' type='NC'/>"
+        "<Property name='Comentario' id='Comentario' dataType='String' required='no' "
+        "readOnly='no' type='NC'/>"
+        "</PropertiesDefinition><Definition name='pdRopa'>"
+        "<Properties><Property id='Marca'/><Property id='Cy_List_Price'/>"
+        "<Property id='Group1Quantity'/><Property id='Comentario'/></Properties>"
+        "<VariantProperties><Property id='Color'/><Property id='Talla'/></VariantProperties>"
+        "</Definition></ProductDefinition>";
+
+    std::shared_ptr<PublicationErp> erp;
+    std::unique_ptr<SellerDatabaseSandbox> database;
+    std::shared_ptr<ZorvantaProduct> shirt;
+    std::shared_ptr<ZorvantaMinistore> store;
+
+private:
+    std::string m_separator;
+};
