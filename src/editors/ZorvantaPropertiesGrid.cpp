@@ -9,6 +9,7 @@
 #include "shell/AppState.h"
 #include "shell/Constants.h"
 #include "shell/ErrorHandling.h"
+#include "shell/frame/EventProcedure.h"
 #include "shell/frame/Twips.h"
 
 #include <QComboBox>
@@ -173,14 +174,11 @@ ZorvantaPropertiesGrid::ZorvantaPropertiesGrid(QWidget *parent)
     }
     ShowExtraInfo->hide();
 
-    connect(MSFlexGrid1, &QTableWidget::cellDoubleClicked, this, [this] {
-        guardEvent([this] {
-            withHandler(label("MSFlexGrid1_DblClick"), [this] {
+    connect(MSFlexGrid1, &QTableWidget::cellDoubleClicked, this,
+            eventProcedure(label("MSFlexGrid1_DblClick"), [this] {
                 if (m_canEdit)
                     startEdition();
-            });
-        });
-    });
+            }));
     connect(MSFlexGrid1, &QTableWidget::currentCellChanged, this,
             [this](int row, int column, int previousRow, int previousColumn) {
                 guardEvent(
@@ -188,13 +186,15 @@ ZorvantaPropertiesGrid::ZorvantaPropertiesGrid(QWidget *parent)
             });
     for (QScrollBar *bar : {MSFlexGrid1->verticalScrollBar(), MSFlexGrid1->horizontalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this,
-                [this] { guardEvent([this] { MSFlexGrid1_Scroll(); }); });
-    connect(ShowExtraInfo, &QPushButton::clicked, this, [this] {
-        guardEvent([this] {
-            withHandler(label("ShowExtraInfo_Click"),
-                        [this] { ShowPopUpInfo(ShowExtraInfo->property("tag").toInt()); });
-        });
-    });
+                eventProcedure(label("MSFlexGrid1_Scroll"), [this] {
+                    if (m_canEdit)
+                        abortEdition();
+                    else if (gridReady)
+                        DrawCellButtons();
+                }));
+    connect(ShowExtraInfo, &QPushButton::clicked, this,
+            eventProcedure(label("ShowExtraInfo_Click"),
+                           [this] { ShowPopUpInfo(ShowExtraInfo->property("tag").toInt()); }));
     AddHeadings();
 }
 
@@ -1095,16 +1095,6 @@ void ZorvantaPropertiesGrid::MSFlexGrid1_EnterCell(int row, int column, int prev
             return;
         }
         if (!m_canEdit && gridReady)
-            DrawCellButtons();
-    });
-}
-
-void ZorvantaPropertiesGrid::MSFlexGrid1_Scroll()
-{
-    withHandler(label("MSFlexGrid1_Scroll"), [&] {
-        if (m_canEdit)
-            abortEdition();
-        else if (gridReady)
             DrawCellButtons();
     });
 }

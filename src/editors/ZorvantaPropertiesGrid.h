@@ -129,7 +129,6 @@ private:
     KeyRule text1Rule(int &decimals);
     void MSFlexGrid1_KeyUp(int key, bool keypad);
     void MSFlexGrid1_EnterCell(int row, int column, int previousRow, int previousColumn);
-    void MSFlexGrid1_Scroll();
 
     // Cells, addressed as the grid shows them (row 0 is the headings).
     int Row() const;
