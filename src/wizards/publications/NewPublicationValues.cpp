@@ -5,6 +5,7 @@
 #include "catalogue/ZorvantaValue.h"
 #include "platform/core/RaisedError.h"
 #include "publication/AssociatedProduct.h"
+#include "publication/FudgeValues.h"
 
 #include <array>
 
@@ -38,29 +39,8 @@ constexpr std::array<PriceField, 14> kPriceFields{{
 
 std::shared_ptr<ZorvantaProduct::Values> NewPublicationValues(AssociatedProduct &association)
 {
-    const auto &product = association.theZorvantaProduct();
-    if (product == nullptr)
-        raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
-    const auto properties = product->properties();
-    const auto own = product->values();
-    if (properties == nullptr || own == nullptr)
-        raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
-
-    auto values = std::make_shared<ZorvantaProduct::Values>();
-    for (const auto &value : *own) {
-        const auto &property = properties->item(value->definition()->id());
-        if (property->characteristic() && !property->isVariant())
-            values->add(value, property->id());
-    }
-    if (const auto chosen = association.variantattributes()) {
-        for (const auto &value : *chosen) {
-            const auto &property = properties->item(value->definition()->id());
-            if (property->isVariant()) {
-                value->setDefinition(property);
-                values->add(value, property->id());
-            }
-        }
-    }
+    auto values = FudgeValues(association, MarketplaceValues::CharacteristicNotVariant);
+    const auto properties = association.theZorvantaProduct()->properties();
     for (const PriceField &field : kPriceFields) {
         if (values->contains(field.id))
             values->remove(std::string(field.id));

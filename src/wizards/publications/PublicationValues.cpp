@@ -3,34 +3,14 @@
 #include "catalogue/ZorvantaProperty.h"
 #include "catalogue/ZorvantaValue.h"
 #include "platform/core/RaisedError.h"
+#include "publication/FudgeValues.h"
 #include "publication/PublishedProduct.h"
 
 std::shared_ptr<ZorvantaProduct::Values> PublicationValues(PublishedProduct &publication)
 {
     const auto association = publication.associatedProd();
-    const auto &product = association->theZorvantaProduct();
-    if (product == nullptr)
-        raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
-    const auto properties = product->properties();
-    const auto own = product->values();
-    if (properties == nullptr || own == nullptr)
-        raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
-
-    auto shown = std::make_shared<ZorvantaProduct::Values>();
-    for (const auto &value : *own) {
-        const auto &property = properties->item(value->definition()->id());
-        if (property->characteristic() && !property->isVariant())
-            shown->add(value, property->id());
-    }
-    if (const auto chosen = association->variantattributes()) {
-        for (const auto &value : *chosen) {
-            const auto &property = properties->item(value->definition()->id());
-            if (property->isVariant()) {
-                value->setDefinition(property);
-                shown->add(value, property->id());
-            }
-        }
-    }
+    auto shown = FudgeValues(*association, MarketplaceValues::CharacteristicNotVariant);
+    const auto properties = association->theZorvantaProduct()->properties();
     if (const auto typed = publication.nonCharateristicAttributes()) {
         for (const auto &value : *typed) {
             const auto &property = properties->item(value->definition()->id());
