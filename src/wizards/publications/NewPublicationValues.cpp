@@ -47,6 +47,10 @@ std::shared_ptr<ZorvantaProduct::Values> NewPublicationValues(AssociatedProduct 
     }
     const std::string &price1 = association.theSellerProduct()->price1();
     for (const PriceField &field : kPriceFields) {
+        // A product sold without prices of its own (nothing for the seller to type) is
+        // published with none.
+        if (!properties->contains(field.id))
+            continue;
         auto value = std::make_shared<ZorvantaValue>();
         value->setDefinition(properties->item(field.id));
         value->setValue(field.quantity ? "1" : price1);

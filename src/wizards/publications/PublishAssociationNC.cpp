@@ -68,19 +68,30 @@ void PublishAssociationNC::Start()
             if (product == nullptr)
                 raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
             const auto association = product->associatedProd();
-            showProduct(*association, modification->values());
-            if (association->theZorvantaProduct()->NonCharacteristicProperties()->empty())
+            if (nothingToType(*association))
                 DoModification();
+            else
+                showProduct(*association, modification->values());
             return;
         }
         const auto addition = requiredOperation<PublicationAddition>(Parent());
         if (addition->Product() == nullptr)
             raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
-        showProduct(*addition->Product(), addition->values());
-        // Nothing to type: the page passes by without showing anything.
-        if (addition->Product()->theZorvantaProduct()->NonCharacteristicProperties()->empty())
+        if (nothingToType(*addition->Product()))
             DoPublication();
+        else
+            showProduct(*addition->Product(), addition->values());
     });
+}
+
+bool PublishAssociationNC::nothingToType(AssociatedProduct &product)
+{
+    const auto &marketplaceProduct = product.theZorvantaProduct();
+    if (marketplaceProduct == nullptr)
+        raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
+    // Such a product has no price block either, which the grid cannot lay out: the page passes
+    // by without being drawn.
+    return marketplaceProduct->NonCharacteristicProperties()->empty();
 }
 
 void PublishAssociationNC::showProduct(AssociatedProduct &product,

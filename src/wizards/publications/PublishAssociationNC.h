@@ -24,6 +24,8 @@ public:
     bool canStop() override;
 
 private:
+    /// True when the product has no property for the seller to type.
+    static bool nothingToType(AssociatedProduct &product);
     void showProduct(AssociatedProduct &product,
                      const std::shared_ptr<ZorvantaProduct::Values> &values);
     /// Whether every required value the seller types is there; when not, says so.

@@ -28,8 +28,8 @@ std::string lineOf(PublishedProduct &publication)
 {
     const auto product = publication.AssociatedProduct_theSellerProduct();
     const auto marketplaceProduct = publication.AssociatedProduct_theZorvantaProduct();
-    return product->dovelID() + "\t" + product->Description() + "\t" + product->Reference() +
-           "\t" + (marketplaceProduct ? marketplaceProduct->id() : std::string()) + "\t" +
+    return product->dovelID() + "\t" + product->Description() + "\t" + product->Reference() + "\t" +
+           (marketplaceProduct ? marketplaceProduct->id() : std::string()) + "\t" +
            publication.publicationId() + "\t" +
            publication.publicationDate().toString("yyyy-MM-dd hh:mm:ss").toStdString();
 }
@@ -102,8 +102,7 @@ ShowPublications::ShowPublications(PageHost &parent, const QString &controlName,
             [this] { m_list.GetMoreProducts(*m_search); });
     onEvent(m_publish, &QPushButton::clicked, "Publicar_Click", [this] { DoPublication(); });
     onEvent(m_modify, &QPushButton::clicked, "Modificar_Click", [this] { ModifyPublication(); });
-    onEvent(m_remove, &QPushButton::clicked, "Despublicar_Click",
-            [this] { RemovePublication(); });
+    onEvent(m_remove, &QPushButton::clicked, "Despublicar_Click", [this] { RemovePublication(); });
 }
 
 void ShowPublications::Start()
