@@ -4,6 +4,7 @@
 #include "AssistantSandbox.h"
 #include "catalogue/ProductBrowser.h"
 #include "catalogue/SellerCatalogue.h"
+#include "editors/ProductListGrid.h"
 #include "gateways/QDX.h"
 #include "publication/PublishedProduct.h"
 #include "publication/SellerLists.h"
@@ -22,6 +23,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
 #include <QTreeWidget>
@@ -198,6 +200,39 @@ protected:
         QTest::keyClicks(editor, keys);
     }
 
+    /// The lines of a page's product list, columns joined by "|".
+    Texts lines(const char *pageName) const
+    {
+        const auto *list = page(pageName)->findChild<ProductListGrid *>("MSFlexGrid1");
+        Texts texts;
+        for (int row = 0; row < list->lineCount(); ++row) {
+            std::string text;
+            for (int column = 0; column < list->columnCount(); ++column) {
+                const QTableWidgetItem *item = list->item(row, column);
+                text += (column ? "|" : "") + (item ? item->text().toStdString() : std::string());
+            }
+            texts.push_back(text);
+        }
+        return texts;
+    }
+    /// Looks the products up by code on a page's search, as the seller types it.
+    void searchCode(const char *pageName, const char *code)
+    {
+        QTest::mouseClick(page(pageName)->findChild<QRadioButton *>("Code"), Qt::LeftButton);
+        auto *text = page(pageName)->findChild<QLineEdit *>("SearchText");
+        text->selectAll();
+        QTest::keyClicks(text, code);
+    }
+    /// Clicks the line whose first column reads `code`, as a seller does.
+    void clickLine(const char *pageName, const char *code)
+    {
+        auto *list = page(pageName)->findChild<ProductListGrid *>("MSFlexGrid1");
+        const auto found = list->findItems(code, Qt::MatchExactly);
+        ASSERT_FALSE(found.isEmpty()) << code;
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(found.first()).center());
+    }
+
     QTreeWidget *stores() const
     {
         return page("PublishSelectMinistore1")->findChild<QTreeWidget *>("ListView1");
@@ -267,6 +302,74 @@ protected:
 };
 
 } // namespace
+
+// ---------------------------------------------------------------------------------------------
+// The list and the choice of product.
+
+TEST_F(PublicationsFlowTest, anEmptyListOnlyOffersANewPublication)
+{
+    openWizard();
+    ASSERT_EQ(wizard->currentPageKey(), "Show");
+    EXPECT_TRUE(lines("ShowPublications1").empty());
+    EXPECT_TRUE(enabled("ShowPublications1", "Publicar"));
+    EXPECT_FALSE(enabled("ShowPublications1", "Modificar"));
+    EXPECT_FALSE(enabled("ShowPublications1", "Despublicar"));
+}
+
+TEST_F(PublicationsFlowTest, anotherProductStartsFromItsFirstPriceAndTheSameKeepsWhatWasTyped)
+{
+    openWizard();
+    click("ShowPublications1", "Publicar");
+    ASSERT_EQ(wizard->currentPageKey(), "PublishAssociatedProduct");
+    searchCode("PublishAssociatedProduct1", "ERP-0");
+    ASSERT_EQ(lines("PublishAssociatedProduct1").size(), 3u);
+    EXPECT_FALSE(enabled("PublishAssociatedProduct1", "Accept"));
+    clickLine("PublishAssociatedProduct1", "ERP-0495");
+    click("PublishAssociatedProduct1", "Forward");
+    ASSERT_EQ(wizard->currentPageKey(), "PublishAssociationNC");
+    type("Existencia", "7");
+
+    click("PublishAssociationNC1", "Back");
+    ASSERT_EQ(wizard->currentPageKey(), "PublishAssociatedProduct");
+    click("PublishAssociatedProduct1", "Forward");
+    EXPECT_EQ(cell("PublishAssociationNC1", "Existencia"), "7");
+
+    click("PublishAssociationNC1", "Back");
+    clickLine("PublishAssociatedProduct1", "ERP-0496");
+    click("PublishAssociatedProduct1", "Forward");
+    EXPECT_EQ(cell("PublishAssociationNC1", "Existencia"), "");
+    EXPECT_EQ(cell("PublishAssociationNC1", "Precio de lista"), "14.5");
+    EXPECT_EQ(ui->boxTexts(), Texts{});
+}
+
+TEST_F(PublicationsFlowTest, aPublicationMadeThroughThePagesIsListedWithItsNumber)
+{
+    openWizard();
+    click("ShowPublications1", "Publicar");
+    searchCode("PublishAssociatedProduct1", "ERP-0495");
+    clickLine("PublishAssociatedProduct1", "ERP-0495");
+    click("PublishAssociatedProduct1", "Forward");
+    type("Existencia", "7");
+    click("PublishAssociationNC1", "Forward");
+    chooseStore("100");
+    click("ConfirmPublication1", "Accept");
+
+    ASSERT_EQ(wizard->currentPageKey(), "Show");
+    searchCode("ShowPublications1", "ERP-0");
+    const Texts shown = lines("ShowPublications1");
+    ASSERT_EQ(shown.size(), 1u);
+    EXPECT_THAT(shown[0], testing::StartsWith("ERP-0495|"));
+    EXPECT_THAT(shown[0], HasSubstr("|ZP-1|1|"));
+    EXPECT_TRUE(enabled("ShowPublications1", "Modificar"));
+    EXPECT_TRUE(enabled("ShowPublications1", "Despublicar"));
+
+    click("ShowPublications1", "Despublicar");
+    ASSERT_EQ(wizard->currentPageKey(), "ConfirmPublication");
+    click("ConfirmPublication1", "Accept");
+    searchCode("ShowPublications1", "ERP-0");
+    EXPECT_TRUE(lines("ShowPublications1").empty());
+    EXPECT_EQ(ui->boxTexts(), Texts{});
+}
 
 // ---------------------------------------------------------------------------------------------
 // Publishing.
