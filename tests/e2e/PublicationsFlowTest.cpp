@@ -363,6 +363,15 @@ TEST_F(PublicationsFlowTest, aPublicationMadeThroughThePagesIsListedWithItsNumbe
     EXPECT_TRUE(enabled("ShowPublications1", "Modificar"));
     EXPECT_TRUE(enabled("ShowPublications1", "Despublicar"));
 
+    // Modifying starts from what the publication holds; cancelling leaves it as it was.
+    click("ShowPublications1", "Modificar");
+    ASSERT_EQ(wizard->currentPageKey(), "PublishAssociationNC");
+    EXPECT_EQ(cell("PublishAssociationNC1", "Existencia"), "7");
+    click("PublishAssociationNC1", "Cancel");
+    ASSERT_EQ(wizard->currentPageKey(), "Show");
+    EXPECT_THAT(pending(), ElementsAre("1|100|I|0"));
+
+    searchCode("ShowPublications1", "ERP-0");
     click("ShowPublications1", "Despublicar");
     ASSERT_EQ(wizard->currentPageKey(), "ConfirmPublication");
     click("ConfirmPublication1", "Accept");
