@@ -1,0 +1,162 @@
+#include "wizards/publications/PublishAssociatedProduct.h"
+
+#include "catalogue/SellerProduct.h"
+#include "editors/SellerProductGrid.h"
+#include "editors/SellerSearch.h"
+#include "editors/ZorvantaPropertiesGrid.h"
+#include "publication/AssociatedProduct.h"
+#include "shell/ErrorHandling.h"
+#include "shell/frame/AbortQuestion.h"
+#include "shell/frame/NavigationButtons.h"
+#include "shell/frame/PageHost.h"
+#include "wizards/publications/NewPublicationValues.h"
+#include "wizards/publications/PublicationAddition.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace {
+
+// Only what is associated can be published.
+constexpr std::int16_t kAssociatedProducts = 1;
+
+std::string lineOf(AssociatedProduct &association)
+{
+    const auto product = association.theSellerProduct();
+    const auto &marketplace = association.theZorvantaProduct();
+    return product->dovelID() + "\t" + product->Description() + "\t" + product->Reference() + "\t" +
+           (marketplace ? marketplace->id() : std::string());
+}
+
+} // namespace
+
+PublishAssociatedProduct::PublishAssociatedProduct(PageHost &parent, const QString &controlName,
+                                                   QWidget *widgetParent)
+    : WizardPage(parent, controlName, widgetParent),
+      m_grid(new ProductListGrid({QString::fromUtf8("Código"), QString::fromUtf8("Descripción"),
+                                  "Referencia", QString::fromUtf8("Código Zorvanta")},
+                                 nullptr)),
+      m_list(
+          *m_grid, [](AssociatedProduct &line) { return line.associationId(); }, lineOf)
+{
+    auto *frame1 = new QGroupBox("Seleccione el producto a publicar", this);
+    frame1->setObjectName("Frame1");
+    auto *frame2 = new QGroupBox(QString::fromUtf8("&Búsqueda"), frame1);
+    frame2->setObjectName("Frame2");
+    m_search = new SellerSearch(frame2);
+    m_search->setObjectName("SellerSearch1");
+    (new QVBoxLayout(frame2))->addWidget(m_search);
+    m_grid->setParent(frame1);
+    m_grid->setObjectName("MSFlexGrid1");
+    m_sellerProduct = new SellerProductGrid(frame1);
+    m_sellerProduct->setObjectName("SellerProductGrid1");
+    m_properties = new ZorvantaPropertiesGrid(frame1);
+    m_properties->setObjectName("ZorvantaPropertiesGrid1");
+    auto *detail = new QHBoxLayout;
+    detail->addWidget(m_sellerProduct, 2);
+    detail->addWidget(m_properties, 3);
+    auto *inside = new QVBoxLayout(frame1);
+    inside->addWidget(frame2);
+    inside->addWidget(m_grid, 3);
+    inside->addLayout(detail, 2);
+
+    m_buttons = new NavigationButtons(this);
+    m_buttons->setObjectName("NavigationButtons1");
+    m_buttons->setAcceptEnabled(false);
+    m_buttons->setNextEnabled(false);
+    auto *page = new QVBoxLayout(this);
+    page->addWidget(frame1, 1);
+    page->addWidget(m_buttons);
+
+    onEvent(m_search, &SellerSearch::Changed, "SellerSearch1_Changed",
+            [this] { SellerSearch1_Changed(); });
+    onEvent(m_grid, &ProductListGrid::SelChange, "MSFlexGrid1_SelChange",
+            [this] { ShowProduct(); });
+    onEvent(m_grid, &ProductListGrid::Scroll, "MSFlexGrid1_Scroll", [this] { GetMoreProducts(); });
+    onEvent(m_grid, &ProductListGrid::Resized, "MSFlexGrid1_Resize", [this] { GetMoreProducts(); });
+    onEvent(m_buttons, &NavigationButtons::NextClick, "NavigationButtons1_NextClick",
+            [this] { DoPublication(); });
+    onEvent(m_buttons, &NavigationButtons::BackClick, "NavigationButtons1_BackClick",
+            [this] { Parent().SwitchPage("Show"); });
+    onEvent(m_buttons, &NavigationButtons::CancelClick, "NavigationButtons1_CancelClick",
+            [this] { Parent().SwitchPage("Show"); });
+}
+
+void PublishAssociatedProduct::Start()
+{
+    withHandler(handlerLabel("Start"), [&] {
+        m_properties->showCharacteristic = true;
+        m_properties->showVariants = true;
+        m_grid->AddHeadings();
+        // Setting the list to search runs the search, and Changed draws it; a product chosen
+        // already keeps the list it was chosen from.
+        m_search->setSearchType(kAssociatedProducts);
+        const bool chosen = requiredOperation<PublicationAddition>(Parent())->Product() != nullptr;
+        if (!chosen)
+            m_search->Reset();
+        if (m_list.empty())
+            clearDetail();
+        else
+            ShowProduct();
+    });
+}
+
+bool PublishAssociatedProduct::canStop()
+{
+    return withHandler(handlerLabel("canStop Property Get"),
+                       [&] { return userConfirmsAbort("¿Desea abortar la operación?"); });
+}
+
+void PublishAssociatedProduct::SellerSearch1_Changed()
+{
+    m_list.clear();
+    clearDetail();
+    if (const auto products = m_search->products())
+        m_list.addPage(*products);
+    GetMoreProducts();
+    if (!m_list.empty())
+        ShowProduct();
+    m_buttons->setNextEnabled(!m_list.empty());
+}
+
+void PublishAssociatedProduct::GetMoreProducts()
+{
+    withHandler(handlerLabel("GetMoreProducts"), [&] { m_list.GetMoreProducts(*m_search); });
+}
+
+void PublishAssociatedProduct::clearDetail()
+{
+    m_sellerProduct->setProduct(nullptr);
+    m_properties->setZorvantaProperties(nullptr);
+    m_properties->setValues(nullptr);
+}
+
+void PublishAssociatedProduct::ShowProduct()
+{
+    withHandler(handlerLabel("ShowProduct"), [&] {
+        const auto &association = m_list.selected();
+        m_sellerProduct->setProduct(association->theSellerProduct());
+        const auto &marketplace = association->theZorvantaProduct();
+        if (marketplace == nullptr)
+            raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
+        m_properties->setZorvantaProperties(marketplace->properties());
+        m_properties->setValues(withHandler(handlerLabel("FudgeValues"),
+                                            [&] { return NewPublicationValues(*association); }));
+    });
+}
+
+void PublishAssociatedProduct::DoPublication()
+{
+    withHandler(handlerLabel("DoPublication"), [&] {
+        const auto addition = requiredOperation<PublicationAddition>(Parent());
+        const auto &row = m_list.selected();
+        // The same product keeps what was typed for it; another one starts afresh.
+        if (addition->Product() == nullptr ||
+            addition->Product()->associationId() != row->associationId()) {
+            addition->setProduct(row);
+            addition->setValues(NewPublicationValues(*row));
+        }
+        Parent().SwitchPage("PublishAssociationNC");
+    });
+}
