@@ -9,6 +9,7 @@
 #include "publication/PublishedProduct.h"
 #include "publication/SellerLists.h"
 #include "shell/AppState.h"
+#include "shell/Constants.h"
 #include "shell/window/MainWindow.h"
 #include "shell/window/Panels.h"
 #include "stores/Seller.h"
@@ -338,7 +339,7 @@ TEST_F(PublicationsFlowTest, anotherProductStartsFromItsFirstPriceAndTheSameKeep
     clickLine("PublishAssociatedProduct1", "ERP-0496");
     click("PublishAssociatedProduct1", "Forward");
     EXPECT_EQ(cell("PublishAssociationNC1", "Existencia"), "");
-    EXPECT_EQ(cell("PublishAssociationNC1", "Precio de lista"), "14.5");
+    EXPECT_EQ(cell("PublishAssociationNC1", "Precio de lista"), "14" + gDecimalSeparator + "5");
     EXPECT_EQ(ui->boxTexts(), Texts{});
 }
 
@@ -388,8 +389,9 @@ TEST_F(PublicationsFlowTest, aShirtIsPublishedWithItsFirstPriceAndTheTypedStock)
     openWizard();
     beginAddition("1");
     ASSERT_EQ(wizard->currentPageKey(), "PublishAssociationNC");
-    // The list price shows as a currency number, without trailing zeros.
-    EXPECT_EQ(cell("PublishAssociationNC1", "Precio de lista"), "12.9");
+    // The list price shows as a currency number, without trailing zeros, with the machine's
+    // separator.
+    EXPECT_EQ(cell("PublishAssociationNC1", "Precio de lista"), "12" + gDecimalSeparator + "9");
     EXPECT_FALSE(enabled("PublishAssociationNC1", "Accept"));
     type("Existencia", "7");
     click("PublishAssociationNC1", "Forward");
