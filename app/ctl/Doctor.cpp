@@ -143,6 +143,7 @@ void Doctor::libraries()
             line(false, what,
                  error.description() + ". Instale la biblioteca o indique su ruta completa en " +
                      library.variable);
+            m_erpLoads = m_erpLoads && &library != &kLibraries[0];
             continue;
         }
         if (missing.empty())
@@ -158,6 +159,13 @@ void Doctor::erp()
     // The seller reads both from the ERP when it is made; a refusal has been reported on the
     // error stream and leaves the texts empty or NUL-filled.
     const auto given = [](const std::string &text) { return !text.empty() && text[0] != '\0'; };
+    if (!m_erpLoads) {
+        // Asking would only end in the fatal box of a library that is not there.
+        line(false, "Datos del cliente en el ERP", "sin la biblioteca del ERP no se pueden leer");
+        line(false, "Coordenadas de la base de datos en el ERP",
+             "sin la biblioteca del ERP no se pueden leer");
+        return;
+    }
     const Seller &seller = *gSeller;
     if (given(seller.id()) && given(seller.license()))
         line(true, "Datos del cliente en el ERP: vendedor " + seller.id());

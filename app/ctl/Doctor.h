@@ -29,6 +29,7 @@ private:
     void line(bool holds, const std::string &what, const std::string &problem = {});
 
     std::ostream &m_out;
+    bool m_erpLoads = true;
     bool m_coordinates = false;
     bool m_allHold = true;
 };

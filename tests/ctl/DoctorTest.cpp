@@ -6,6 +6,7 @@ using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 class DoctorTest : public AsistentectlTest
@@ -99,6 +100,7 @@ TEST_F(DoctorTest, eachBrokenLinkIsToldWithWhatToDo)
         const Run run = ctl("diagnostico");
 
         EXPECT_EQ(run.status, 2) << row.name;
+        EXPECT_THAT(run.err, Not(HasSubstr("La aplicación será cerrada"))) << row.name;
         const Texts failed = linesAfter(run.out, "[falla] ");
         ASSERT_EQ(failed.size(), row.failing.size()) << row.name << "\n" << run.out;
         for (std::size_t i = 0; i < failed.size(); ++i)
