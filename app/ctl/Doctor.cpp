@@ -25,6 +25,7 @@ struct Library
     const char *variable;
     const char *defaultName;
     std::vector<const char *> symbols;
+    bool givesTheSeller; // the ERP's: the seller's client data and database come from it
 };
 
 const Library kLibraries[] = {
@@ -33,11 +34,13 @@ const Library kLibraries[] = {
      "libzrvndll.so",
      {"ObtenerIDCliente", "ObtenerDataBase", "ListarDepositosVirtuales",
       "ObtenerContenidoCategoria", "BusquedaProductosIndividual", "ObtenerDefinicionProducto",
-      "ObtenerImpuestos"}},
+      "ObtenerImpuestos"},
+     true},
     {"Biblioteca de la trastienda",
      "ASISTENTE_BACKOFFICE_LIBRARY",
      "libqdx.so",
-     {"IniciarSesionW", "CerrarSesionW", "EjecutarOperacionW"}},
+     {"IniciarSesionW", "CerrarSesionW", "EjecutarOperacionW"},
+     false},
 };
 
 struct Table
@@ -117,7 +120,8 @@ void Doctor::marketplace()
             line(true, portWhat + " en " + found.address);
         } catch (const RaisedError &error) {
             line(false, portWhat,
-                 error.description() + ". Contacte a la feria: su servicio no ofrece este puerto");
+                 error.description() +
+                     ". Verifique que la feria publique este puerto y que su dirección responda");
         }
     }
 }
@@ -143,9 +147,12 @@ void Doctor::libraries()
             line(false, what,
                  error.description() + ". Instale la biblioteca o indique su ruta completa en " +
                      library.variable);
-            m_erpLoads = m_erpLoads && &library != &kLibraries[0];
+            if (library.givesTheSeller)
+                m_erpLoads = false;
             continue;
         }
+        if (library.givesTheSeller)
+            m_erpLoads = missing.empty();
         if (missing.empty())
             line(true, what + " con sus " + std::to_string(library.symbols.size()) + " funciones");
         else
@@ -160,7 +167,7 @@ void Doctor::erp()
     // error stream and leaves the texts empty or NUL-filled.
     const auto given = [](const std::string &text) { return !text.empty() && text[0] != '\0'; };
     if (!m_erpLoads) {
-        // Asking would only end in the fatal box of a library that is not there.
+        // Asking would only end in the fatal box of a library or function that is not there.
         line(false, "Datos del cliente en el ERP", "sin la biblioteca del ERP no se pueden leer");
         line(false, "Coordenadas de la base de datos en el ERP",
              "sin la biblioteca del ERP no se pueden leer");
