@@ -1,5 +1,7 @@
 #include "ConsoleUi.h"
 #include "CtlSession.h"
+#include "Doctor.h"
+#include "DriftCheck.h"
 #include "SendPreview.h"
 #include "UnattendedSend.h"
 #include "publication/SendReport.h"
@@ -21,7 +23,11 @@ constexpr const char *kUsage =
     "  enviar [--minitienda ID]         envía lo pendiente sin ventanas (0 todo aceptado,\n"
     "                                   1 rechazos o pendientes, 2 falló un enlace,\n"
     "                                   3 error grave u otro envío en curso)\n"
-    "  informes [NOMBRE]                lista los informes de envío, o muestra uno\n";
+    "  informes [NOMBRE]                lista los informes de envío, o muestra uno\n"
+    "  deriva [--reencolar N]           lo que quedó desparejo en las tablas (0 nada,\n"
+    "                                   1 algo); --reencolar vuelve a encolar la\n"
+    "                                   publicación N, trabada en P\n"
+    "  diagnostico                      revisa cada enlace (0 todos bien, 2 alguno falla)\n";
 
 /// The value of `--name VALUE` among the arguments, empty when absent.
 std::string option(const std::vector<std::string> &args, const std::string &name)
@@ -73,8 +79,9 @@ int reports(const std::string &name)
 
 } // namespace
 
-/// The assistant's command line: preview and run the send without its window, and read the
-/// reports the sends leave. Boxes go to standard error and the log.
+/// The assistant's command line: preview and run the send without its window, read the
+/// reports the sends leave, find what drifted in the tables and check every link. Boxes go to
+/// standard error and the log.
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
@@ -87,6 +94,21 @@ int main(int argc, char *argv[])
         if (command == "enviar")
             return static_cast<int>(UnattendedSend(std::cout, std::cerr, isatty(STDOUT_FILENO))
                                         .run(option(args, "--minitienda")));
+        if (command == "deriva") {
+            CtlSession session;
+            DriftCheck drift(std::cout, std::cerr);
+            const std::string publication = option(args, "--reencolar");
+            if (publication.empty() &&
+                std::find(args.begin(), args.end(), "--reencolar") != args.end()) {
+                std::cerr << kUsage;
+                return 64;
+            }
+            return publication.empty() ? drift.show() : drift.requeue(publication);
+        }
+        if (command == "diagnostico") {
+            CtlSession session;
+            return Doctor(std::cout).run();
+        }
         if (command == "informes")
             return reports(args.size() > 1 ? args[1] : std::string());
     } catch (const std::exception &error) {
