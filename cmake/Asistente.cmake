@@ -3,10 +3,11 @@
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
     # Precompiled headers change the command line in ways ccache must be told to tolerate;
-    # paths relative to the checkout let every clone of the tree share one cache.
+    # paths relative to the checkout, and a debug build not hashed by its directory, let every
+    # clone of the tree (CI's among them) share one cache.
     set(_launcher ${CMAKE_COMMAND} -E env
         CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-        CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}
+        CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
         ${CCACHE_PROGRAM})
     set(CMAKE_C_COMPILER_LAUNCHER ${_launcher})
     set(CMAKE_CXX_COMPILER_LAUNCHER ${_launcher})
