@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AssociationTest.h"
 #include "CatalogueTest.h"
 #include "FakeConnectors.h"
 #include "SellerDatabaseSandbox.h"
@@ -21,9 +22,8 @@
 #include <utility>
 #include <vector>
 
-/// The demo seller's ERP: its detail of a publication is the reply the test gives, and its
-/// database is the one the test chose.
-class PublicationErp : public FakeErp
+/// The ERP of the association tests, whose database is the one the test chose.
+class PublicationErp : public DetailErp
 {
 public:
     std::int32_t ObtenerDataBase(char *server, char *database, char *user, char *password) override
@@ -32,18 +32,8 @@ public:
         std::strcpy(database, databaseName.c_str());
         return code;
     }
-    std::int32_t ObtenerDefinicionProducto(std::int32_t type, const char *key, const char *store,
-                                           char *reply) override
-    {
-        calls.push_back(std::to_string(type) + "|" + key + "|" + store);
-        std::strcpy(reply, detailReply.c_str());
-        return detailCode;
-    }
 
     std::string databaseName = "AsistenteDemo";
-    std::vector<std::string> calls;
-    std::string detailReply;
-    std::int32_t detailCode = 0;
 };
 
 /// Publications of association 7 (the ERP's shirt ERP-0495 bound to the marketplace's shirt
