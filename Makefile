@@ -24,3 +24,8 @@ demo: deps build/release/build.ninja
 bench: deps build/release/build.ninja
 	cmake --build build/release
 	scripts/run-benchmarks build/release
+
+# The .deb of the release tree's programs, written beside them in build/release.
+.PHONY: package
+package: deps build/release/build.ninja
+	cmake --build build/release --target package
