@@ -18,7 +18,7 @@ install(FILES ${_packaging}/asistente-envio.service ${_packaging}/asistente-envi
         DESTINATION lib/systemd/user)
 install(FILES ${_packaging}/copyright DESTINATION ${_doc})
 
-# Debian wants the changelog and the manual pages gzipped at the top level, without the name
+# Debian wants the changelog and the manual pages gzipped at the best level, without the name
 # and time stamp that would make two builds of one tree differ.
 function(asistente_install_gzipped source destination)
     get_filename_component(name ${source} NAME)
