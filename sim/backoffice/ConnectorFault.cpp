@@ -78,8 +78,7 @@ std::string latin1(const std::string &utf8)
 
 } // namespace
 
-std::optional<ConnectorFault> ConnectorFault::named(const char *variable,
-                                                    std::string_view function,
+std::optional<ConnectorFault> ConnectorFault::named(const char *variable, std::string_view function,
                                                     std::optional<std::int32_t> operation)
 {
     const char *value = std::getenv(variable);
@@ -89,7 +88,8 @@ std::optional<ConnectorFault> ConnectorFault::named(const char *variable,
     while (!rest.empty()) {
         const std::size_t semicolon = rest.find(';');
         const std::string_view entry = rest.substr(0, semicolon);
-        rest = semicolon == std::string_view::npos ? std::string_view() : rest.substr(semicolon + 1);
+        rest =
+            semicolon == std::string_view::npos ? std::string_view() : rest.substr(semicolon + 1);
 
         const std::size_t colon = entry.find(':');
         const std::size_t last = entry.rfind(':');
@@ -122,7 +122,8 @@ void ConnectorFault::deliver(std::string reply, const ConnectorFault *fault, cha
     bool terminated = true;
     if (fault != nullptr) {
         switch (fault->kind) {
-        case Kind::Bytes: reply = padded(std::move(reply), static_cast<std::size_t>(fault->value));
+        case Kind::Bytes:
+            reply = padded(std::move(reply), static_cast<std::size_t>(fault->value));
             break;
         case Kind::NoNul:
             reply = padded(std::move(reply), size);
@@ -131,8 +132,11 @@ void ConnectorFault::deliver(std::string reply, const ConnectorFault *fault, cha
         case Kind::Malformed:
             reply.erase(std::min(reply.size(), reply.rfind("</")));
             break;
-        case Kind::NotUtf8: reply = latin1(reply); break;
-        default: break;
+        case Kind::NotUtf8:
+            reply = latin1(reply);
+            break;
+        default:
+            break;
         }
     }
     const std::size_t length = std::min(reply.size(), terminated ? size - 1 : size);

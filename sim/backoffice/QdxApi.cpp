@@ -1,8 +1,7 @@
-#include "platform/connectors/ConnectorAbi.h"
-
 #include "backoffice/BackOfficeConnection.h"
 #include "backoffice/BackOfficeProtocol.h"
 #include "backoffice/ConnectorFault.h"
+#include "platform/connectors/ConnectorAbi.h"
 
 #include <mutex>
 #include <set>
