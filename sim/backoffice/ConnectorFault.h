@@ -19,8 +19,9 @@
 ///   sin-nul                the usual reply padded to fill the whole buffer, with no NUL at all
 ///   xml-roto               the usual reply without the closing tag of its root element
 ///   no-utf8                the usual reply with its accented letters written in ISO-8859-1
-///   sesion-perdida         (back office) the session of the first such call is lost: that
-///                          call answers -2005, and so does any later call with that session
+///   sesion-perdida         (back office) the session of the first such call after the
+///                          library is loaded is lost: that call answers -2005, and so does any
+///                          later call with that session
 ///   sesion-perdida-siempre (back office) every such call answers -2005
 /// The variable is read at each call; a text it cannot read is told on standard error and
 /// ignored.

@@ -8,6 +8,12 @@
 
 #include <QTimer>
 #include <fstream>
+#include <sstream>
+
+using namespace Cells;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
 
 void ConnectorFaultTest::TearDown()
 {
@@ -17,24 +23,37 @@ void ConnectorFaultTest::TearDown()
     SendPipelineTest::TearDown();
 }
 
-void ConnectorFaultTest::fault(const char *variable, const std::string &value)
-{
-    setenv(variable, value.c_str(), 1);
-}
-
-std::string ConnectorFaultTest::libraryWithout(const std::string &function)
+std::string Cells::libraryWithout(const std::string &function)
 {
     const bool backOffice = std::string(libraryVariable(function)) != "ASISTENTE_ERP_LIBRARY";
     return std::string(MISSING_DIR) +
            (backOffice ? "/libqdx_objects-sin-" : "/libzrvndll_objects-sin-") + function + ".so";
 }
 
-const char *ConnectorFaultTest::libraryVariable(const std::string &function)
+const char *Cells::libraryVariable(const std::string &function)
 {
     return function == "IniciarSesionW" || function == "CerrarSesionW" ||
                    function == "EjecutarOperacionW"
                ? "ASISTENTE_BACKOFFICE_LIBRARY"
                : "ASISTENTE_ERP_LIBRARY";
+}
+
+std::string Cells::missingLog(const std::string &source, const std::string &function)
+{
+    return "Error: 453 (" + source + "): The library " + libraryWithout(function) +
+           " has no function " + function + ": " + libraryWithout(function) +
+           ": undefined symbol: " + function;
+}
+
+void ConnectorFaultTest::accentedTaxes()
+{
+    std::stringstream data;
+    data << std::ifstream(erp->dataFile()).rdbuf();
+    std::string text = data.str();
+    const std::string plain = "descripcion='IVA general'";
+    ASSERT_NE(text.find(plain), std::string::npos);
+    text.replace(text.find(plain), plain.size(), "descripcion='IVA de importación'");
+    erp->writeRawData(text);
 }
 
 void ConnectorFaultTest::sellerWithWorkWaiting()
@@ -115,14 +134,20 @@ Texts ConnectorFaultTest::programLog() const
     return texts;
 }
 
-std::string ConnectorFaultTest::generic(std::int32_t number)
+namespace {
+
+const std::string kGeneric = "Error de la aplicación. Contacte al administrador del sistema";
+
+} // namespace
+
+std::string Cells::generic(std::int32_t number)
 {
-    return "Error: " + std::to_string(number) + ": " + kGenericBox;
+    return "Error: " + std::to_string(number) + ": " + kGeneric;
 }
 
-std::string ConnectorFaultTest::fatal(std::int32_t number)
+std::string Cells::fatal(std::int32_t number)
 {
-    return "Error Fatal: " + std::to_string(number) + ": " + kGenericBox + ".";
+    return "Error Fatal: " + std::to_string(number) + ": " + kGeneric + ".";
 }
 
 void SellerFlows::listDeposits()
@@ -153,4 +178,47 @@ void SellerFlows::sendStore100()
 {
     RecordedProgress progress;
     SendPendingPublications(*gSeller->ministores()->item("100"), progress);
+}
+
+TEST_P(FlowFaultTest, endsInTheSystemsMessageWithTheTablesWhole)
+{
+    const FlowCell &cell = GetParam();
+    accentedTaxes();
+    sellerWithWorkWaiting();
+    const Texts before = fourTables();
+    startMarketplace(cell.marketplaceFaults);
+    setenv(cell.variable, cell.value.c_str(), 1);
+
+    if (start() && cell.action)
+        cell.action();
+
+    EXPECT_EQ(boxes(), cell.boxes);
+    if (cell.logged.empty())
+        EXPECT_THAT(logged(), IsEmpty());
+    else
+        EXPECT_THAT(logged(), ElementsAre(StartsWith(cell.logged)));
+    EXPECT_EQ(gAppRunning, cell.boxes.empty() || cell.boxes.back() != kClosing);
+    EXPECT_EQ(sendTables(), cell.tables);
+    if (cell.tables == kWaiting) {
+        EXPECT_EQ(fourTables(), before);
+        EXPECT_THAT(wire(), IsEmpty()) << "nothing reached the marketplace";
+    }
+    EXPECT_EQ(integrity(), "ok");
+}
+
+TEST_P(StartFaultTest, theProgramStartsOrEndsAsTheSellerIsTold)
+{
+    const StartCell &cell = GetParam();
+    startMarketplace();
+    setenv(cell.variable, cell.value.c_str(), 1);
+
+    const ProgramRun run = runProgram();
+
+    EXPECT_TRUE(run.exited);
+    EXPECT_EQ(run.status, cell.status);
+    EXPECT_EQ(run.boxes, cell.boxes);
+    if (cell.logged.empty())
+        EXPECT_THAT(programLog(), IsEmpty());
+    else
+        EXPECT_THAT(programLog(), ElementsAre(StartsWith(cell.logged)));
 }

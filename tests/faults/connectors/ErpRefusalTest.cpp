@@ -3,116 +3,69 @@
 
 #include "ConnectorFaultTest.h"
 
-#include <functional>
-
+using namespace Cells;
 using namespace SellerFlows;
-using testing::ElementsAre;
-using testing::SizeIs;
 
 namespace {
 
 // The ERP's "the seller's database cannot be read": not a paging code of any function.
-constexpr const char *kRefusal = "9003";
+const std::string kRefusal = "9003";
 
-struct Refusal
+StartCell refusedAtStart(const char *name, const char *function, bool linksFail)
 {
-    const char *name;
-    const char *function;
-    std::function<void()> use; // empty: the function is one of the start's
-    const char *logged;
-    bool linksFail = true; // a start function: whether the link checks themselves fail
-};
-
-void PrintTo(const Refusal &row, std::ostream *out)
-{
-    *out << row.name;
+    Texts boxes = {"[Error Fatal] " + fatal(-11001), std::string("[] ") + kClosing};
+    if (linksFail)
+        boxes.push_back(std::string("[] ") + kFatalConnection);
+    return {name,
+            kErpFault,
+            std::string(function) + ":codigo=" + kRefusal,
+            1,
+            boxes,
+            "Error: -11001 (Seller:GetClientInfo): APIDovel." + std::string(function) +
+                " falló con código de error " + kRefusal};
 }
 
-class ErpRefusalAtStartTest : public ConnectorFaultTest, public testing::WithParamInterface<Refusal>
+FlowCell refusedInFlow(const char *name, const char *function, std::function<void()> action,
+                       const std::string &logged)
 {
-};
-
-class ErpRefusalTest : public ConnectorFaultTest, public testing::WithParamInterface<Refusal>
-{
-};
-
-std::string rowName(const testing::TestParamInfo<Refusal> &info)
-{
-    return info.param.name;
+    return {name,
+            kErpFault,
+            std::string(function) + ":codigo=" + kRefusal,
+            std::move(action),
+            {fatal(-11001), kClosing},
+            logged + kRefusal,
+            kWaiting};
 }
 
 } // namespace
 
-TEST_P(ErpRefusalAtStartTest, theProgramEndsWithTheFatalMessageAndStatusOne)
-{
-    const Refusal &row = GetParam();
-    startMarketplace();
-    fault(kErpFault, std::string(row.function) + ":codigo=" + kRefusal);
-
-    const ProgramRun run = runProgram();
-
-    EXPECT_TRUE(run.exited);
-    EXPECT_EQ(run.status, 1);
-    Texts boxes = {"[Error Fatal] " + fatal(-11001), std::string("[] ") + kClosing};
-    if (row.linksFail)
-        boxes.push_back(std::string("[] ") + kFatalConnection);
-    EXPECT_EQ(run.boxes, boxes);
-    EXPECT_EQ(programLog(), Texts{row.logged});
-}
+// Without its database's coordinates the assistant still reaches every link, so it ends
+// without the connection message.
+INSTANTIATE_TEST_SUITE_P(
+    RefusedAtStart, StartFaultTest,
+    testing::Values(refusedAtStart("clientIdentityRefused", "ObtenerIDCliente", true),
+                    refusedAtStart("databaseCoordinatesRefused", "ObtenerDataBase", false)),
+    CellName());
 
 INSTANTIATE_TEST_SUITE_P(
-    StartFunctions, ErpRefusalAtStartTest,
-    testing::Values(Refusal{"clientIdentityRefused",
-                            "ObtenerIDCliente",
-                            {},
-                            "Error: -11001 (Seller:GetClientInfo): APIDovel.ObtenerIDCliente "
-                            "falló con código de error 9003"},
-                    Refusal{"databaseCoordinatesRefused",
-                            "ObtenerDataBase",
-                            {},
-                            "Error: -11001 (Seller:GetClientInfo): APIDovel.ObtenerDataBase "
-                            "falló con código de error 9003",
-                            false}),
-    rowName);
-
-TEST_P(ErpRefusalTest, theCallsMessageClosesTheProgramAndTheTablesStayAsTheyWere)
-{
-    const Refusal &row = GetParam();
-    sellerWithWorkWaiting();
-    const Texts before = fourTables();
-    startMarketplace();
-    ASSERT_TRUE(start());
-    fault(kErpFault, std::string(row.function) + ":codigo=" + kRefusal);
-
-    row.use();
-
-    EXPECT_EQ(boxes(), Texts({fatal(-11001), kClosing}));
-    EXPECT_EQ(logged(), Texts{row.logged});
-    EXPECT_FALSE(gAppRunning);
-    EXPECT_EQ(fourTables(), before);
-    EXPECT_EQ(integrity(), "ok");
-    EXPECT_THAT(wire(), SizeIs(0)) << "nothing reaches the marketplace";
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    FlowFunctions, ErpRefusalTest,
+    RefusedInFlows, FlowFaultTest,
     testing::Values(
-        Refusal{"depositListRefused", "ListarDepositosVirtuales", listDeposits,
-                "Error: -11001 (Seller:virtualDeposits Property Get): "
-                "APIDovel.ListarDepositosVirtuales falló con error 9003"},
-        Refusal{"categoryContentsRefused", "ObtenerContenidoCategoria", browseRootCategory,
-                "Error: -11001 (DovelCategory:getMore): La función "
-                "APIDovel.ObtenerContenidoCategoria retornó con error 9003"},
-        Refusal{"productSearchRefused", "BusquedaProductosIndividual", searchProducts,
-                "Error: -11001 (ProductBrowser:getMore): La función "
-                "APIDovel.BusquedaProductosIndividual retornó con error 9003"},
-        Refusal{"productDetailRefused", "ObtenerDefinicionProducto", readProductDetail,
-                "Error: -11001 (DovelCategory:startQuery): La función "
-                "APIDovel.ObtenerInformacionProducto retornó con error 9003 para el idDovel: E-1"},
-        Refusal{"taxesRefusedAtTheSend", "ObtenerImpuestos", sendStore100,
-                "Error: -11001 (ZorvantaMinistore:getTaxesFromSeller): La función "
-                "APIDovel.ObtenerImpuestos retornó con error 9003"}),
-    rowName);
+        refusedInFlow("depositListRefused", "ListarDepositosVirtuales", listDeposits,
+                      "Error: -11001 (Seller:virtualDeposits Property Get): "
+                      "APIDovel.ListarDepositosVirtuales falló con error "),
+        refusedInFlow("categoryContentsRefused", "ObtenerContenidoCategoria", browseRootCategory,
+                      "Error: -11001 (DovelCategory:getMore): La función "
+                      "APIDovel.ObtenerContenidoCategoria retornó con error "),
+        refusedInFlow("productSearchRefused", "BusquedaProductosIndividual", searchProducts,
+                      "Error: -11001 (ProductBrowser:getMore): La función "
+                      "APIDovel.BusquedaProductosIndividual retornó con error "),
+        refusedInFlow("productDetailRefused", "ObtenerDefinicionProducto", readProductDetail,
+                      "Error: -11001 (DovelCategory:startQuery): La función "
+                      "APIDovel.ObtenerInformacionProducto retornó con error "),
+        refusedInFlow("taxesRefusedAtTheSend", "ObtenerImpuestos", sendStore100,
+                      "Error: -11001 (ZorvantaMinistore:getTaxesFromSeller): La función "
+                      "APIDovel.ObtenerImpuestos retornó con error ")),
+    CellName());
 
 // The ERP failing the database's coordinates leaves the links answering, so the start goes on;
 // but the seller has been told that the assistant closes, and no window may open after that.
@@ -147,10 +100,8 @@ TEST_P(FatalStartTest, aFatalErrorDuringTheLinkChecksOpensNoWindow)
 
 INSTANTIATE_TEST_SUITE_P(
     DatabaseCoordinates, FatalStartTest,
-    testing::Values(FatalStart{"refused", "ASISTENTE_ERP_SIM_FAULT",
-                               std::string("ObtenerDataBase:codigo=") + kRefusal,
-                               ConnectorFaultTest::fatal(-11001)},
+    testing::Values(FatalStart{"refused", kErpFault, "ObtenerDataBase:codigo=" + kRefusal,
+                               fatal(-11001)},
                     FatalStart{"missing", "ASISTENTE_ERP_LIBRARY",
-                               ConnectorFaultTest::libraryWithout("ObtenerDataBase"),
-                               ConnectorFaultTest::generic(453)}),
-    [](const auto &info) { return std::string(info.param.name); });
+                               libraryWithout("ObtenerDataBase"), generic(453)}),
+    CellName());

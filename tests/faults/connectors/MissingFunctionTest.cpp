@@ -3,123 +3,58 @@
 
 #include "ConnectorFaultTest.h"
 
-#include <functional>
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::SizeIs;
-
+using namespace Cells;
 using namespace SellerFlows;
 
 namespace {
 
-struct Missing
+StartCell missingAtStart(const char *name, const char *function, const char *source,
+                         bool linksFail = true)
 {
-    const char *name;
-    const char *function;
-    const char *source; // the procedure whose handler reports it
-    std::function<void()> use;
-    bool linksFail = true; // a start function: whether the link checks themselves fail
-};
-
-void PrintTo(const Missing &row, std::ostream *out)
-{
-    *out << row.name;
+    Texts boxes = {"[Error Fatal] " + generic(453), std::string("[] ") + kClosing};
+    if (linksFail)
+        boxes.push_back(std::string("[] ") + kFatalConnection);
+    return {name,  libraryVariable(function),   libraryWithout(function), 1,
+            boxes, missingLog(source, function)};
 }
 
-class MissingFunctionTest : public ConnectorFaultTest, public testing::WithParamInterface<Missing>
+FlowCell missingInFlow(const char *name, const char *function, const char *source,
+                       std::function<void()> action)
 {
-};
-
-class MissingAtStartTest : public ConnectorFaultTest, public testing::WithParamInterface<Missing>
-{
-};
+    return {name,
+            libraryVariable(function),
+            libraryWithout(function),
+            std::move(action),
+            {generic(453), kClosing},
+            missingLog(source, function),
+            kWaiting};
+}
 
 } // namespace
 
-// Functions of the start: the real program shows the loader's error, closes, and never opens
-// its window.
-TEST_P(MissingAtStartTest, theProgramEndsWithTheFatalMessageAndStatusOne)
-{
-    const Missing &row = GetParam();
-    startMarketplace();
-    setenv(libraryVariable(row.function), libraryWithout(row.function).c_str(), 1);
-
-    const ProgramRun run = runProgram();
-
-    EXPECT_TRUE(run.exited);
-    EXPECT_EQ(run.status, 1);
-    Texts boxes = {"[Error Fatal] " + generic(453), std::string("[] ") + kClosing};
-    if (row.linksFail)
-        boxes.push_back(std::string("[] ") + kFatalConnection);
-    EXPECT_EQ(run.boxes, boxes);
-    const Texts log = programLog();
-    ASSERT_THAT(log, SizeIs(1));
-    EXPECT_THAT(log[0], HasSubstr(std::string("Error: 453 (") + row.source + "): "));
-    EXPECT_THAT(log[0], HasSubstr(std::string(" has no function ") + row.function + ": "));
-    EXPECT_THAT(log[0], HasSubstr("undefined symbol: " + std::string(row.function)));
-}
-
+// The ERP's database coordinates failing leaves the links answering: the start ends without
+// the connection message. Closing the session is the window's last act: the seller has worked.
 INSTANTIATE_TEST_SUITE_P(
-    StartFunctions, MissingAtStartTest,
+    MissingAtStart, StartFaultTest,
     testing::Values(
-        Missing{"noClientIdentity", "ObtenerIDCliente", "Seller:Sub GetClientInfo", {}},
-        Missing{"noDatabaseCoordinates", "ObtenerDataBase", "Seller:Sub GetClientInfo", {}, false},
-        Missing{"noSessionOpening", "IniciarSesionW", "Seller:sessionId ", {}},
-        Missing{"noOperations", "EjecutarOperacionW", "QDX:EjecutarOperacion", {}}),
-    [](const auto &info) { return std::string(info.param.name); });
-
-// Closing the session is the last thing the window does: the seller has worked, and is told.
-TEST_F(ConnectorFaultTest, aProgramWithoutCerrarSesionWTellsItAsTheWindowCloses)
-{
-    startMarketplace();
-    setenv("ASISTENTE_BACKOFFICE_LIBRARY", libraryWithout("CerrarSesionW").c_str(), 1);
-
-    const ProgramRun run = runProgram();
-
-    EXPECT_TRUE(run.exited);
-    EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.boxes,
-                ElementsAre("[Error Fatal] " + generic(453), std::string("[] ") + kClosing));
-    const Texts log = programLog();
-    ASSERT_THAT(log, SizeIs(1));
-    EXPECT_THAT(log[0], HasSubstr("Error: 453 (Seller:Sub closeSession): "));
-    EXPECT_THAT(log[0], HasSubstr(" has no function CerrarSesionW: "));
-}
-
-// Functions of the flows: the start succeeds, and the first page or send that needs the
-// function stops there, with the tables as they were.
-TEST_P(MissingFunctionTest, theFlowStopsWithTheLoadersErrorAndTheTablesAsTheyWere)
-{
-    const Missing &row = GetParam();
-    sellerWithWorkWaiting();
-    const Texts before = fourTables();
-    setenv("ASISTENTE_ERP_LIBRARY", libraryWithout(row.function).c_str(), 1);
-    startMarketplace();
-    ASSERT_TRUE(start());
-
-    row.use();
-
-    EXPECT_EQ(boxes(), Texts({generic(453), kClosing}));
-    const Texts log = logged();
-    ASSERT_THAT(log, SizeIs(1));
-    EXPECT_THAT(log[0], HasSubstr(std::string("Error: 453 (") + row.source + "): "));
-    EXPECT_THAT(log[0], HasSubstr(std::string(" has no function ") + row.function + ": "));
-    EXPECT_EQ(fourTables(), before);
-    EXPECT_EQ(integrity(), "ok");
-    EXPECT_FALSE(gAppRunning);
-}
+        missingAtStart("noClientIdentity", "ObtenerIDCliente", "Seller:Sub GetClientInfo"),
+        missingAtStart("noDatabaseCoordinates", "ObtenerDataBase", "Seller:Sub GetClientInfo",
+                       false),
+        missingAtStart("noSessionOpening", "IniciarSesionW", "Seller:sessionId "),
+        missingAtStart("noOperations", "EjecutarOperacionW", "QDX:EjecutarOperacion"),
+        missingAtStart("noSessionClosing", "CerrarSesionW", "Seller:Sub closeSession", false)),
+    CellName());
 
 INSTANTIATE_TEST_SUITE_P(
-    FlowFunctions, MissingFunctionTest,
-    testing::Values(Missing{"noDepositList", "ListarDepositosVirtuales", "Seller:virtualDeposits ",
-                            listDeposits},
-                    Missing{"noCategoryContents", "ObtenerContenidoCategoria",
-                            "DovelCategory:GetMore Method", browseRootCategory},
-                    Missing{"noProductSearch", "BusquedaProductosIndividual",
-                            "ProductBrowser:GetMore Method", searchProducts},
-                    Missing{"noProductDetail", "ObtenerDefinicionProducto",
-                            "SellerProduct:getDetailInformation", readProductDetail},
-                    Missing{"noTaxesForTheSend", "ObtenerImpuestos",
-                            "ZorvantaMinistore:getTaxesFromSeller", sendStore100}),
-    [](const auto &info) { return std::string(info.param.name); });
+    MissingInFlows, FlowFaultTest,
+    testing::Values(missingInFlow("noDepositList", "ListarDepositosVirtuales",
+                                  "Seller:virtualDeposits ", listDeposits),
+                    missingInFlow("noCategoryContents", "ObtenerContenidoCategoria",
+                                  "DovelCategory:GetMore Method", browseRootCategory),
+                    missingInFlow("noProductSearch", "BusquedaProductosIndividual",
+                                  "ProductBrowser:GetMore Method", searchProducts),
+                    missingInFlow("noProductDetail", "ObtenerDefinicionProducto",
+                                  "SellerProduct:getDetailInformation", readProductDetail),
+                    missingInFlow("noTaxesForTheSend", "ObtenerImpuestos",
+                                  "ZorvantaMinistore:getTaxesFromSeller", sendStore100)),
+    CellName());
