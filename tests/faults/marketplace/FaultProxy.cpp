@@ -212,7 +212,11 @@ FaultProxy::FaultProxy(const std::string &upstream)
 
 FaultProxy::~FaultProxy()
 {
-    m_stopping = true;
+    {
+        // Under the lock, so no waiter can miss the news between its check and its wait.
+        std::lock_guard lock(m_mutex);
+        m_stopping = true;
+    }
     m_stopped.notify_all();
     refuseConnections();
     m_acceptor.join();
@@ -243,20 +247,18 @@ void FaultProxy::refuseConnections()
     m_listener = -1;
 }
 
-std::vector<std::string> FaultProxy::requests() const
-{
-    std::lock_guard lock(m_mutex);
-    return m_requests;
-}
-
 std::vector<std::string> FaultProxy::unusedRules() const
 {
     std::lock_guard lock(m_mutex);
     std::vector<std::string> unused;
     for (const auto &rule : m_rules) {
         if (rule.taken == 0) {
-            unused.push_back(std::string(faultName(rule.rule.fault)) + " for " + rule.rule.path +
-                             " " + rule.rule.action + " #" + std::to_string(rule.rule.ordinal));
+            std::string seen;
+            for (const std::string &request : m_requests)
+                seen += "\n  " + request;
+            unused.push_back(std::string(faultName(rule.rule.fault)) + " for '" + rule.rule.path +
+                             "' '" + rule.rule.action + "' #" + std::to_string(rule.rule.ordinal) +
+                             "; the requests seen:" + seen);
         }
     }
     return unused;

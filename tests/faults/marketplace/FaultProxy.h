@@ -54,11 +54,8 @@ public:
     /// Stops listening: from now on a connection to the proxy is refused.
     void refuseConnections();
 
-    /// Each request seen, in order, as "POST /path Action" ("GET /path" without one), followed
-    /// by " <- fault" when a rule took it.
-    std::vector<std::string> requests() const;
-
-    /// The rules that have not yet taken a request, described; a test ends with none.
+    /// The rules that have not yet taken a request, each described with every request seen
+    /// ("POST /path Action <- fault"); a test ends with none.
     std::vector<std::string> unusedRules() const;
 
 private:
