@@ -49,8 +49,9 @@ std::vector<StartupStep> steps()
          "CommerceServer::CommerceServerInit",
          kPlatformBoxes,
          "no port StoreSoapPort",
-         // A description is no SOAP reply: its reader tells what came instead.
-         {{"http500WithASoapFault", "can't be read: HTTP status 500"},
+         // A description is no SOAP reply: its reader quotes the page or says what is wrong.
+         {{"http500WithASoapFault",
+           "<faultstring>Servicio detenido por mantenimiento</faultstring>"},
           {"aReplyThatIsNotXml", "does not parse"}}},
         {"linkCheck",
          "",
