@@ -1,5 +1,5 @@
-// The marketplace's catalogue read through a failing network: the category tree and a
-// product's information, each under every fault the proxy can script.
+// The marketplace's catalogue read through a failing network: the category tree, a product's
+// information and a category's templates, each under every fault the proxy can script.
 
 #include "MarketplaceFaultTest.h"
 #include "NetworkFaults.h"
@@ -40,6 +40,8 @@ struct CatalogueRead
     const char *source;
     const char *wrongDocument;
     std::function<void(CatalogueRead &)> prepare;
+    /// The read itself, giving what the page shows.
+    std::function<Texts(CatalogueRead &)> read;
     Texts delivered;
     std::shared_ptr<ZorvantaCategory> category;
 };
@@ -53,6 +55,10 @@ std::vector<CatalogueRead> catalogueReads()
          "ZorvantaCategory:GetMore Method",
          "GetCategoryContent no tiene el nodo CurrentCategory",
          [](CatalogueRead &read) { read.category = ZorvantaService().RootCategory(); },
+         [](CatalogueRead &read) {
+             read.category->StartQuery();
+             return idsOf(read.category->children());
+         },
          {"ZC-100", "ZC-200", "ZC-300", "ZC-400", "ZC-500", "ZC-600"},
          nullptr},
         {"productInformation",
@@ -67,7 +73,24 @@ std::vector<CatalogueRead> catalogueReads()
              read.category->StartQuery();
              ASSERT_NE(gSeller->ministores(), nullptr);
          },
+         [](CatalogueRead &read) {
+             // The pages ask for the whole list; its groups are read from it once it came.
+             const auto shirt = read.category->products()->item(1);
+             return shirt->properties() ? idsOf(shirt->variantProperties()) : Texts{};
+         },
          {"Color", "Talla"},
+         nullptr},
+        {"productTemplates",
+         "GetProductDefinition",
+         {{"PropertiesDefinition", "DefinicionPropiedades"}},
+         "ZorvantaCategory:productDefinitions Property Get",
+         "GetProductDefinitions no tiene el nodo PropertiesDefinition",
+         [](CatalogueRead &read) {
+             read.category = ZorvantaService().RootCategory();
+             read.category->setId("ZC-110");
+         },
+         [](CatalogueRead &read) { return idsOf(read.category->productDefinitions()); },
+         {"pdTelevisor"},
          nullptr},
     };
 }
@@ -97,17 +120,6 @@ class CatalogueFaultTest : public MarketplaceFaultTest, public testing::WithPara
 {
 };
 
-Texts readNow(CatalogueRead &read)
-{
-    if (std::string(read.action) == "GetCategoryContent") {
-        read.category->StartQuery();
-        return idsOf(read.category->children());
-    }
-    // The pages ask for the whole list; its groups are read from it once it came.
-    const auto shirt = read.category->products()->item(1);
-    return shirt->properties() ? idsOf(shirt->variantProperties()) : Texts{};
-}
-
 } // namespace
 
 TEST_P(CatalogueFaultTest, theSellerSeesTheSystemsOwnMessageAndTheTablesStayAsTheyWere)
@@ -120,7 +132,7 @@ TEST_P(CatalogueFaultTest, theSellerSeesTheSystemsOwnMessageAndTheTablesStayAsTh
     else
         proxy->refuseConnections();
 
-    const Texts shown = readNow(cell.read);
+    const Texts shown = cell.read.read(cell.read);
 
     switch (cell.fault.end) {
     case FaultEnd::Delivered:
