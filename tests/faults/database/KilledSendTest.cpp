@@ -4,6 +4,7 @@
 
 #include "AsistentectlTest.h"
 #include "EngineIntegrity.h"
+#include "MarketplacePaths.h"
 
 #include <algorithm>
 
@@ -86,10 +87,7 @@ protected:
     }
     bool heldByMarketplace(int number) const
     {
-        return !marketplace(("//Store[@StoreID='100']/Publication[@PublicationID='" +
-                             std::to_string(number) + "']")
-                                .c_str())
-                    .empty();
+        return !marketplace(publicationOfStore100(number).c_str()).empty();
     }
 };
 

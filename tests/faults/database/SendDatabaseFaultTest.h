@@ -2,6 +2,7 @@
 
 #include "SendPipelineTest.h"
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -35,6 +36,14 @@ protected:
     /// the send completed), the tables are as before or changed as a whole, the file is sound;
     /// then a resend publishes it exactly once. Names the outcome for the tally.
     void expectWholeThenResend(int number, const Texts &before);
+    /// Checks that the send published `number`, whose tables were `before`, silently and once.
+    void expectPublished(int number, const Texts &before);
+    /// Sends a new publication with the fault `arm(N)` in force for N = 1, 2, ... and checks
+    /// each run with expectWholeThenResend, until a send during which the fault never happened
+    /// (`happened`), which must have published. Returns how many faults were injected.
+    long faultEachStepInTurn(const std::string &step, const std::function<void(long)> &arm,
+                             const std::function<bool()> &happened,
+                             const std::function<void()> &disarm);
 
     /// How the faulted runs ended, by outcome, for the test's own record.
     std::map<std::string, int> tally;
