@@ -1,6 +1,6 @@
-// `kill -9` of `asistentectl enviar` just before and just after each COMMIT of a send, then a
-// restart: the tables hold each publication as it was, handed over, or confirmed, and the
-// second run leaves every publication accepted once on the marketplace.
+// `kill -9` of `asistentectl enviar` just before and just after each COMMIT of a send that
+// publishes, updates and withdraws, then a restart: each operation is found waiting or applied,
+// never in between, and the second run leaves the marketplace with each publication once.
 
 #include "AsistentectlTest.h"
 #include "EngineIntegrity.h"
@@ -8,10 +8,10 @@
 
 #include <algorithm>
 
-using ::testing::AnyOf;
-using ::testing::Contains;
+using ::testing::AnyOfArray;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 
 namespace {
 
@@ -30,6 +30,9 @@ void PrintTo(const KillMoment &moment, std::ostream *out)
     *out << moment.name;
 }
 
+const std::string kOldPrice = "<Properties><Field fieldID=\"Cy_List_Price\"><![CDATA[10.00]]>"
+                              "</Field></Properties><VariantProperties/>";
+
 bool killed(int status)
 {
     // The shell either became the program or reports its death by the signal as 128 + 9.
@@ -41,13 +44,25 @@ bool killed(int status)
 class KilledSendTest : public AsistentectlTest, public ::testing::WithParamInterface<KillMoment>
 {
 protected:
-    /// Store 100 linked; publications 1 and 2 waiting to be published, in one batch.
+    /// Store 100 linked, in one batch: publication 1 to publish, 2 (on the marketplace at
+    /// 10.00) to update to 12.50, 3 (on the marketplace) to withdraw.
     void arrange()
     {
-        openMarketplace();
+        openMarketplace({}, 5, [](std::string &data) {
+            const std::string user = "<User name=\"carmen\" password=\"andina2026\"/>";
+            data.replace(data.find(user), user.size(),
+                         user + "<Publication id=\"2\" product=\"ZP-2\"><Field fieldID="
+                                "\"Cy_List_Price\">10.00</Field></Publication>"
+                                "<Publication id=\"3\" product=\"ZP-3\"/>");
+        });
         link("100", "DV-01");
         waiting(1, "E-1", "ZP-1", "L", "I", price("1.00"), 1);
-        waiting(2, "E-3", "ZP-2", "L", "I", price("2.00"), 2);
+        associate(2, "E-2", "ZP-2");
+        publication(2, 2, "100", "K", price("10.00"));
+        pending(2, 2, "100", "A", price("12.50"), 2);
+        associate(3, "E-3", "ZP-3");
+        publication(3, 3, "100", "K", price("10.00"));
+        pending(3, 3, "100", "E", {}, 3);
     }
     void restart()
     {
@@ -75,11 +90,25 @@ protected:
         setenv("ASAN_OPTIONS", asan.c_str(), 1);
         return run;
     }
-    /// The Publicar operations of publication `number` that the marketplace received.
-    std::size_t publishRequests(int number) const
+
+    /// Publication `number`'s rows: "state|attributes" in WIPRODPUBL, "pend letter|tries".
+    Texts rowsOf(int number)
+    {
+        Texts rows = database->rows(Sql() << "SELECT Estado, Atributos FROM WIPRODPUBL WHERE "
+                                             "IdPrdPublicado = "
+                                          << sqlNumber(number));
+        for (const std::string &row :
+             database->rows(Sql() << "SELECT Estado, NumInt FROM WIPRODPEND WHERE "
+                                     "IdPrdPublicado = "
+                                  << sqlNumber(number)))
+            rows.push_back("pend " + row);
+        return rows;
+    }
+    /// The operations `word` of publication `number` that the marketplace received.
+    std::size_t received(int number, const char *word) const
     {
         const std::string sent =
-            "<Operation PublicationID='" + std::to_string(number) + "'><Operation>Publicar<";
+            "<Operation PublicationID='" + std::to_string(number) + "'><Operation>" + word + "<";
         std::size_t count = 0;
         for (const std::string &request : wire())
             count += request.find(sent) != std::string::npos;
@@ -89,10 +118,19 @@ protected:
     {
         return !marketplace(publicationOfStore100(number).c_str()).empty();
     }
+    Texts marketplacePriceOf2() const
+    {
+        return marketplace("//Store[@StoreID='100']/Publication[@PublicationID='2']/"
+                           "Field[@fieldID='Cy_List_Price']");
+    }
 };
 
 TEST_P(KilledSendTest, aSendKilledAtAnyTransactionIsFinishedByTheNextRunWithEachPublicationOnce)
 {
+    const std::string newPrice = price("12.50");
+    // A publication keeps what the marketplace last accepted: nothing yet for a new one.
+    const Texts published = {"K|" + kNoFields};
+    const Texts updated = {"K|" + newPrice};
     int commit = 1;
     for (; commit < kMostCommits && !HasFailure(); ++commit) {
         SCOPED_TRACE("COMMIT " + std::to_string(commit));
@@ -102,49 +140,45 @@ TEST_P(KilledSendTest, aSendKilledAtAnyTransactionIsFinishedByTheNextRunWithEach
 
         if (first.status == 0) {
             // Every transaction of the send went by: it ended as an uninterrupted one does.
-            EXPECT_THAT(tables(), ElementsAre("1|K", "2|K"));
+            EXPECT_EQ(rowsOf(1), published);
             break;
         }
         ASSERT_TRUE(killed(first.status)) << first.status << first.out << first.err;
-        const Texts states = publications();
-        const Texts waiting = pendings();
-        for (int number : {1, 2}) {
-            const std::string n = std::to_string(number);
-            // Never a confirmed publication that still waits, nor one gone from the queue
-            // without being confirmed.
-            const bool confirmed =
-                std::find(states.begin(), states.end(), n + "|K") != states.end();
-            const bool queued =
-                std::find(waiting.begin(), waiting.end(), n + "|I|0|0|") != waiting.end();
-            EXPECT_NE(confirmed, queued) << n;
-            EXPECT_THAT(states, Contains(AnyOf(n + "|L", n + "|P", n + "|K")));
-        }
+        // Each operation waits whole or is applied whole.
+        const Texts one = rowsOf(1), two = rowsOf(2), three = rowsOf(3);
+        EXPECT_THAT(one, AnyOfArray(std::vector<Texts>{{"L|" + kNoFields, "pend I|0"},
+                                                       {"P|" + kNoFields, "pend I|0"},
+                                                       published}));
+        EXPECT_THAT(two, AnyOfArray(std::vector<Texts>{{"K|" + kOldPrice, "pend A|0"}, updated}));
+        EXPECT_THAT(three, AnyOfArray(std::vector<Texts>{{"K|" + kOldPrice, "pend E|0"}, {}}));
         EXPECT_EQ(engineIntegrity("AsistenteDemo"), "ok");
-        // Accepted by the marketplace while the local confirmation was lost: the next run
-        // publishes it again and takes the marketplace's "already exists" as the acceptance.
-        std::vector<bool> acceptedButWaiting;
-        for (int number : {1, 2})
-            acceptedButWaiting.push_back(
-                heldByMarketplace(number) &&
-                std::find(waiting.begin(), waiting.end(), std::to_string(number) + "|I|0|0|") !=
-                    waiting.end());
+        // What the marketplace applied while the local record of it was lost: the next run
+        // sends it again, and takes "already exists" or "does not exist" as the acceptance.
+        const bool publishedTwice = heldByMarketplace(1) && one.size() == 2;
+        const bool updatedTwice = marketplacePriceOf2() == Texts{"12.50"} && two.size() == 2;
+        const bool withdrawnTwice = !heldByMarketplace(3) && three.size() == 2;
 
         const Run second = ctl("enviar");
 
         EXPECT_EQ(second.status, 0) << second.out << second.err;
-        EXPECT_THAT(tables(), ElementsAre("1|K", "2|K"));
-        EXPECT_TRUE(heldByMarketplace(1) && heldByMarketplace(2));
-        for (int number : {1, 2})
-            EXPECT_EQ(publishRequests(number), acceptedButWaiting[number - 1] ? 2u : 1u) << number;
-        const bool againToldExists = std::find(acceptedButWaiting.begin(), acceptedButWaiting.end(),
-                                               true) != acceptedButWaiting.end();
-        EXPECT_EQ(file("bitacora.log").find("Error -8005: publicación existente") !=
-                      std::string::npos,
-                  againToldExists);
-        EXPECT_THAT(second.out, HasSubstr("0 rechazadas")) << second.out;
+        EXPECT_THAT(second.out, HasSubstr("0 rechazadas"));
+        EXPECT_EQ(rowsOf(1), published);
+        EXPECT_EQ(rowsOf(2), updated);
+        EXPECT_THAT(rowsOf(3), IsEmpty());
+        EXPECT_THAT(marketplace("//Store[@StoreID='100']/Publication/@PublicationID"),
+                    ElementsAre("1", "2"));
+        EXPECT_THAT(marketplacePriceOf2(), ElementsAre("12.50"));
+        EXPECT_EQ(received(1, "Publicar"), publishedTwice ? 2u : 1u);
+        EXPECT_EQ(received(2, "Actualizar"), updatedTwice ? 2u : 1u);
+        EXPECT_EQ(received(3, "Despublicar"), withdrawnTwice ? 2u : 1u);
+        const std::string log = file("bitacora.log");
+        EXPECT_EQ(log.find("Error -8005: publicación existente") != std::string::npos,
+                  publishedTwice);
+        EXPECT_EQ(log.find("Error -8004: publicación no existe") != std::string::npos,
+                  withdrawnTwice);
         restart();
     }
-    EXPECT_GT(commit, 2) << "the send was never killed in the middle";
+    EXPECT_GT(commit, 4) << "the send was not killed at each of its transactions";
     EXPECT_LT(commit, kMostCommits);
 }
 
