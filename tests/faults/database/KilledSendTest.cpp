@@ -6,8 +6,6 @@
 #include "EngineIntegrity.h"
 #include "MarketplacePaths.h"
 
-#include <algorithm>
-
 using ::testing::AnyOfArray;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
