@@ -2,9 +2,11 @@
 
 #include "platform/db/Connection.h"
 #include "platform/db/EmbeddedDatabase.h"
+#include "platform/db/ServerCollation.h"
 
 #include <cstdlib>
 #include <filesystem>
+#include <sqlite3.h>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -54,6 +56,47 @@ public:
             rows.push_back(row);
         }
         return rows;
+    }
+
+    /// Every row of the four tables, each as "TABLE|field|field...", in key order: what a fault
+    /// must leave unchanged or changed as a whole.
+    std::vector<std::string> allRows()
+    {
+        const std::pair<const char *, Sql> tables[] = {
+            {"WITIENDAS", Sql("SELECT * FROM WITIENDAS ORDER BY IdTienda")},
+            {"WIPRODASOC", Sql("SELECT * FROM WIPRODASOC ORDER BY IdPrdAsociado")},
+            {"WIPRODPUBL", Sql("SELECT * FROM WIPRODPUBL ORDER BY IdPrdPublicado")},
+            {"WIPRODPEND", Sql("SELECT * FROM WIPRODPEND ORDER BY IdPrdPublicado, Estado")}};
+        std::vector<std::string> all;
+        for (const auto &[table, query] : tables) {
+            for (const std::string &row : rows(query))
+                all.push_back(std::string(table) + "|" + row);
+        }
+        return all;
+    }
+
+    /// What PRAGMA integrity_check answers, read through a connection of its own: "ok" for a
+    /// sound file, else the engine's findings or the reason it could not look.
+    std::string integrity() const
+    {
+        sqlite3 *db = nullptr;
+        std::string answer;
+        // The indexes are ordered by the server's collation: the check needs it to read them.
+        const std::string file = (m_dir / "AsistenteDemo.sqlite3").string();
+        if (sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK &&
+            registerServerCollation(db) == SQLITE_OK) {
+            sqlite3_exec(
+                db, "PRAGMA integrity_check",
+                [](void *out, int, char **values, char **) {
+                    *static_cast<std::string *>(out) += values[0] ? values[0] : "NULL";
+                    return 0;
+                },
+                &answer, nullptr);
+        }
+        if (answer.empty())
+            answer = sqlite3_errmsg(db);
+        sqlite3_close(db);
+        return answer;
     }
 
     const std::filesystem::path &dir() const { return m_dir; }

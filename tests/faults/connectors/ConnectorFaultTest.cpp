@@ -63,33 +63,12 @@ void ConnectorFaultTest::sellerWithWorkWaiting()
     waiting(1, "E-1", "ZP-1", "L", "I", price("10.00"), 1);
 }
 
-Texts ConnectorFaultTest::fourTables()
-{
-    const std::pair<const char *, Sql> tables[] = {
-        {"WITIENDAS", Sql("SELECT * FROM WITIENDAS ORDER BY IdTienda")},
-        {"WIPRODASOC", Sql("SELECT * FROM WIPRODASOC ORDER BY IdPrdAsociado")},
-        {"WIPRODPUBL", Sql("SELECT * FROM WIPRODPUBL ORDER BY IdPrdPublicado")},
-        {"WIPRODPEND", Sql("SELECT * FROM WIPRODPEND ORDER BY IdPrdPublicado, Estado")}};
-    Texts all;
-    for (const auto &[table, query] : tables) {
-        for (const std::string &row : database->rows(query))
-            all.push_back(std::string(table) + " " + row);
-    }
-    return all;
-}
-
 Texts ConnectorFaultTest::sendTables()
 {
     Texts all = publications();
     for (const std::string &row : pendings())
         all.push_back("pend " + row);
     return all;
-}
-
-std::string ConnectorFaultTest::integrity()
-{
-    const Texts answer = database->rows(Sql("PRAGMA integrity_check"));
-    return answer.empty() ? std::string() : answer.front();
 }
 
 bool ConnectorFaultTest::start()
@@ -185,7 +164,7 @@ TEST_P(FlowFaultTest, endsInTheSystemsMessageWithTheTablesWhole)
     const FlowCell &cell = GetParam();
     accentedTaxes();
     sellerWithWorkWaiting();
-    const Texts before = fourTables();
+    const Texts before = database->allRows();
     startMarketplace(cell.marketplaceFaults);
     setenv(cell.variable, cell.value.c_str(), 1);
 
@@ -200,10 +179,10 @@ TEST_P(FlowFaultTest, endsInTheSystemsMessageWithTheTablesWhole)
     EXPECT_EQ(gAppRunning, cell.boxes.empty() || cell.boxes.back() != kClosing);
     EXPECT_EQ(sendTables(), cell.tables);
     if (cell.tables == kWaiting) {
-        EXPECT_EQ(fourTables(), before);
+        EXPECT_EQ(database->allRows(), before);
         EXPECT_THAT(wire(), IsEmpty()) << "nothing reached the marketplace";
     }
-    EXPECT_EQ(integrity(), "ok");
+    EXPECT_EQ(database->integrity(), "ok");
 }
 
 TEST_P(StartFaultTest, theProgramStartsOrEndsAsTheSellerIsTold)

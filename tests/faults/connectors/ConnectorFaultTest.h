@@ -96,13 +96,8 @@ protected:
     void sellerWithWorkWaiting();
     /// The ERP's IVA described with an accent, for an ERP that writes it in Latin-1.
     void accentedTaxes();
-    /// Every row of WITIENDAS, WIPRODASOC, WIPRODPUBL and WIPRODPEND, every column, each row
-    /// prefixed by its table.
-    Texts fourTables();
     /// WIPRODPUBL as "number|state", then WIPRODPEND as "pend number|letter|tries|error|message".
     Texts sendTables();
-    /// What PRAGMA integrity_check says of the seller's database.
-    std::string integrity();
 
     /// The start that every flow needs (limits, session); false when it failed.
     bool start();

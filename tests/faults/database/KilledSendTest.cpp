@@ -3,7 +3,6 @@
 // never in between, and the second run leaves the marketplace with each publication once.
 
 #include "AsistentectlTest.h"
-#include "EngineIntegrity.h"
 #include "MarketplacePaths.h"
 
 using ::testing::AnyOfArray;
@@ -149,7 +148,7 @@ TEST_P(KilledSendTest, aSendKilledAtAnyTransactionIsFinishedByTheNextRunWithEach
                                                        published}));
         EXPECT_THAT(two, AnyOfArray(std::vector<Texts>{{"K|" + kOldPrice, "pend A|0"}, updated}));
         EXPECT_THAT(three, AnyOfArray(std::vector<Texts>{{"K|" + kOldPrice, "pend E|0"}, {}}));
-        EXPECT_EQ(engineIntegrity("AsistenteDemo"), "ok");
+        EXPECT_EQ(database->integrity(), "ok");
         // What the marketplace applied while the local record of it was lost: the next run
         // sends it again, and takes "already exists" or "does not exist" as the acceptance.
         const bool publishedTwice = heldByMarketplace(1) && one.size() == 2;

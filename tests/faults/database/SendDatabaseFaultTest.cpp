@@ -1,6 +1,5 @@
 #include "SendDatabaseFaultTest.h"
 
-#include "EngineIntegrity.h"
 #include "MarketplacePaths.h"
 #include "platform/db/EmbeddedDatabase.h"
 
@@ -110,7 +109,7 @@ void SendDatabaseFaultTest::expectWholeThenResend(int number, const Texts &befor
         const std::string line = logged().back();
         ++tally[line.substr(0, line.find(": /"))];
     }
-    EXPECT_EQ(engineIntegrity("AsistenteDemo"), "ok");
+    EXPECT_EQ(database->integrity(), "ok");
 
     sendAgain();
 

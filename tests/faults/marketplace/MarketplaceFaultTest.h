@@ -23,15 +23,14 @@ protected:
         proxy = std::make_unique<FaultProxy>(m_marketplace);
         setenv("ASISTENTE_MARKETPLACE_URL", proxy->url().c_str(), 1);
         setenv("ASISTENTE_MARKETPLACE_TIMEOUT", "1", 1);
-        tables = std::make_unique<SellerTables>(*database);
-        tables->fill();
-        rowsBefore = tables->rows();
+        fillSellerTables(*database);
+        rowsBefore = database->allRows();
         ASSERT_TRUE(CommerceServerInit()) << "through " << proxy->url();
     }
     void TearDown() override
     {
-        EXPECT_EQ(tables->rows(), rowsBefore) << "the tables changed";
-        EXPECT_EQ(tables->integrity(), "ok");
+        EXPECT_EQ(database->allRows(), rowsBefore) << "the tables changed";
+        EXPECT_EQ(database->integrity(), "ok");
         for (const std::string &rule : proxy->unusedRules())
             ADD_FAILURE() << "a scripted fault was never injected: " << rule;
         // Closing the seller's session still goes through the proxy.
@@ -48,7 +47,6 @@ protected:
     }
 
     std::unique_ptr<FaultProxy> proxy;
-    std::unique_ptr<SellerTables> tables;
     std::vector<std::string> rowsBefore;
 
 private:

@@ -96,9 +96,8 @@ TEST_P(StartupFaultTest, theSellerIsToldTheStartFailedAndTheProgramEndsWithItsSt
 {
     const Cell &cell = GetParam();
     SellerDatabaseSandbox database; // before the program takes the environment
-    SellerTables tables(database);
-    tables.fill();
-    const auto rowsBefore = tables.rows();
+    fillSellerTables(database);
+    const auto rowsBefore = database.allRows();
     AssistantProgram program;
     FaultProxy proxy(program.environment.value("ASISTENTE_MARKETPLACE_URL").toStdString());
     program.set("ASISTENTE_MARKETPLACE_URL", proxy.url());
@@ -148,8 +147,8 @@ TEST_P(StartupFaultTest, theSellerIsToldTheStartFailedAndTheProgramEndsWithItsSt
         EXPECT_THAT(log, ElementsAre(HasSubstr(cell.step.wrongLogged)));
         break;
     }
-    EXPECT_EQ(tables.rows(), rowsBefore);
-    EXPECT_EQ(tables.integrity(), "ok");
+    EXPECT_EQ(database.allRows(), rowsBefore);
+    EXPECT_EQ(database.integrity(), "ok");
     for (const std::string &rule : proxy.unusedRules())
         ADD_FAILURE() << "a scripted fault was never injected: " << rule;
 }
