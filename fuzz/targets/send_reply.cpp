@@ -1,6 +1,7 @@
-// The back office's answer to a batch of the send, applied to the seller's tables: a store
-// with a publication, an update and a withdrawal waiting, sent as one batch whose reply is the
-// input. The tables are put back before every input.
+// The back office's answers during a send, applied to the seller's tables: a store with a
+// publication, an update and a withdrawal waiting, sent as one batch. The input is the batch's
+// reply, then, after a NUL, the reply to the taxes sent first (accepted when there is no NUL).
+// The tables are put back before every input.
 #include "FuzzProcess.h"
 #include "SellerDatabaseSandbox.h"
 #include "gateways/QDX.h"
@@ -92,8 +93,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static const std::shared_ptr<ZorvantaMinistore> ministore = storeOnSale();
     process.beginRun();
     resetTables(database);
-    process.backOffice().queue(0, kTaxesAccepted);
-    process.backOffice().queue(0, fuzzText(data, size));
+    const std::pair<std::string, std::string> replies = fuzzTwoTexts(data, size);
+    const bool taxesGiven = replies.first.size() < size;
+    process.backOffice().queue(0, taxesGiven ? replies.second : kTaxesAccepted);
+    process.backOffice().queue(0, replies.first);
     CountedProgress progress;
     SendPendingPublications(*ministore, progress);
     return 0;
