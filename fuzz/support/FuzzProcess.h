@@ -6,8 +6,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
-#include <string_view>
+#include <utility>
 
 /// The process a fuzz target runs in, set up at the first use: a scratch working directory
 /// whose log is /dev/null, the fake connectors in place of the two libraries, and the seller
