@@ -3,8 +3,10 @@
 #include "gateways/BackOfficeSession.h"
 #include "platform/connectors/BackOfficeLibrary.h"
 #include "platform/connectors/ErpLibrary.h"
+#include "platform/xml/XmlDocument.h"
 #include "shell/AppState.h"
 #include "stores/Seller.h"
+#include "stores/ZorvantaMinistore.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -63,4 +65,17 @@ void FuzzProcess::beginRun()
     m_backOffice->closed.clear();
     m_erp->code = 0;
     gSeller.reset();
+}
+
+std::shared_ptr<ZorvantaMinistore> FuzzProcess::demoStore()
+{
+    XmlDocument store;
+    store.loadXML("<Store><StoreID>100</StoreID><Name>Andina Hogar</Name><Description/>"
+                  "<NumberOfProducts>2</NumberOfProducts></Store>");
+    XmlDocument backOffice;
+    backOffice.loadXML("<Store StoreID='100'><ProductID>300</ProductID><MaxProducts>150"
+                       "</MaxProducts><Status>A</Status></Store>");
+    auto ministore = std::make_shared<ZorvantaMinistore>();
+    ministore->setXml(store.documentElement(), backOffice.documentElement());
+    return ministore;
 }

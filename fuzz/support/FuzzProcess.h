@@ -10,6 +10,8 @@
 #include <string>
 #include <utility>
 
+class ZorvantaMinistore;
+
 /// The process a fuzz target runs in, set up at the first use: a scratch working directory
 /// whose log is /dev/null, the fake connectors in place of the two libraries, and the seller
 /// as the holder of the back office's session.
@@ -20,6 +22,10 @@ public:
 
     FuzzErp &erp() { return *m_erp; }
     FakeBackOffice &backOffice() { return *m_backOffice; }
+
+    /// The demo seller's store 100, as the two replies that describe it fill it: plan 300,
+    /// active.
+    static std::shared_ptr<ZorvantaMinistore> demoStore();
 
     /// Readies one input: the application running again (a fatal error of the last input
     /// closed it), no scripted back-office answers left, a new seller made on first use.

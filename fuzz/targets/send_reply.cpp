@@ -5,7 +5,6 @@
 #include "FuzzProcess.h"
 #include "SellerDatabaseSandbox.h"
 #include "gateways/QDX.h"
-#include "platform/xml/XmlDocument.h"
 #include "publication/PublicationProgress.h"
 #include "publication/SendPendingPublications.h"
 #include "stores/ZorvantaMinistore.h"
@@ -31,21 +30,14 @@ const char *const kTaxesAccepted =
 const char *const kFields = "<Properties><Field fieldID=\"Cy_List_Price\"><![CDATA[12.5]]></Field>"
                             "</Properties><VariantProperties/>";
 
+/// The demo store, with room for five operations in a batch.
 std::shared_ptr<ZorvantaMinistore> storeOnSale()
 {
-    XmlDocument store;
-    store.loadXML("<Store><StoreID>100</StoreID><Name>Andina Hogar</Name><Description/>"
-                  "<NumberOfProducts>2</NumberOfProducts></Store>");
-    XmlDocument backOffice;
-    backOffice.loadXML("<Store StoreID='100'><ProductID>300</ProductID><MaxProducts>150"
-                       "</MaxProducts><Status>A</Status></Store>");
-    auto ministore = std::make_shared<ZorvantaMinistore>();
-    ministore->setXml(store.documentElement(), backOffice.documentElement());
     Collection<std::int32_t> limits;
     limits.add(5, "9");
     gOperationLimits = Collection<Collection<std::int32_t>>();
     gOperationLimits.add(std::move(limits), "300");
-    return ministore;
+    return FuzzProcess::demoStore();
 }
 
 /// Publication 1 waits to be published, 2 to be updated, 3 to be withdrawn.
