@@ -26,6 +26,11 @@ bench: deps build/release/build.ninja
 	cmake --build build/release
 	scripts/run-benchmarks build/release
 
+# The .deb of the release tree's programs, written beside them in build/release.
+.PHONY: package
+package: deps build/release/build.ninja
+	cmake --build build/release --target package
+
 # Every reader of an outside party's XML under libFuzzer, FUZZ_SECONDS per target.
 FUZZ_SECONDS ?= 300
 fuzz: deps

@@ -1,11 +1,26 @@
 #include "editors/SellerProductGrid.h"
 
 #include "catalogue/SellerProduct.h"
+#include "shell/Constants.h"
 #include "shell/ErrorHandling.h"
 
 #include <QHeaderView>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+
+namespace {
+
+// The ERP writes its prices as the wire does, with "."; the seller reads them with the
+// locale's separator, digits as written. A text that is not a number is shown as it came.
+std::string shownPrice(const std::string &wire)
+{
+    std::string shown = wire;
+    if (const auto dot = shown.find('.'); dot != std::string::npos && wireNumber(wire))
+        shown.replace(dot, 1, gDecimalSeparator);
+    return shown;
+}
+
+} // namespace
 
 SellerProductGrid::SellerProductGrid(QWidget *parent) : QWidget(parent)
 {
@@ -40,8 +55,8 @@ void SellerProductGrid::fillGrid()
         addRow("Código", m_product->dovelID());
         addRow("Descripción", m_product->Description());
         addRow("Referencia", m_product->Reference());
-        addRow("Precio 1", m_product->price1());
-        addRow("Precio 2", m_product->price2());
-        addRow("Precio 3", m_product->price3());
+        addRow("Precio 1", shownPrice(m_product->price1()));
+        addRow("Precio 2", shownPrice(m_product->price2()));
+        addRow("Precio 3", shownPrice(m_product->price3()));
     });
 }

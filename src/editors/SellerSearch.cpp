@@ -54,6 +54,8 @@ SellerSearch::SellerSearch(QWidget *parent) : QWidget(parent)
     m_label2->setObjectName("Label2");
     m_combo = new QComboBox(this);
     m_combo->setObjectName("Combo1");
+    // Wide enough for the longest store name it holds.
+    m_combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_label2->setBuddy(m_combo);
     m_label2->hide();
     m_combo->hide();
@@ -307,15 +309,22 @@ bool SellerSearch::allRead()
 void SellerSearch::adjustHeight()
 {
     withHandler("SellerSearch:adjustHeight", [&] {
-        int part = categoryMode() ? kTreeHeight
-                                  : m_label1->sizeHint().height() + kGap +
-                                        m_searchText->sizeHint().height();
-        if (showsStoreFilter(m_searchType))
-            part += kGap + m_label2->sizeHint().height() + m_combo->sizeHint().height();
+        const int part = categoryMode() ? kTreeHeight
+                                        : m_label1->sizeHint().height() + kGap +
+                                              m_searchText->sizeHint().height();
         int options = 0;
         for (const QRadioButton *button : {m_category, m_code, m_description, m_reference})
             options += button->sizeHint().height();
-        setFixedHeight(std::max(part, options));
+        int height = std::max(part, options);
+        // The store filter takes the whole width under both columns, so the control is never
+        // narrower than its longest store name.
+        if (showsStoreFilter(m_searchType)) {
+            height += kGap + m_label2->sizeHint().height() + m_combo->sizeHint().height();
+            setMinimumWidth(m_combo->sizeHint().width());
+        } else {
+            setMinimumWidth(0);
+        }
+        setFixedHeight(height);
         layoutControls();
         emit SizeChanged();
     });
@@ -345,16 +354,16 @@ void SellerSearch::layoutControls()
         m_searchText->setGeometry(0, y, partWidth, m_searchText->sizeHint().height());
         y += m_searchText->height();
     }
-    if (showsStoreFilter(m_searchType)) {
-        y += kGap;
-        m_label2->setGeometry(0, y, partWidth, m_label2->sizeHint().height());
-        y += m_label2->height();
-        m_combo->setGeometry(0, y, partWidth, m_combo->sizeHint().height());
-    }
     int optionY = 0;
     for (QRadioButton *button : {m_category, m_code, m_description, m_reference}) {
         button->setGeometry(partWidth + kColumnGap, optionY, optionsWidth,
                             button->sizeHint().height());
         optionY += button->height();
+    }
+    if (showsStoreFilter(m_searchType)) {
+        y = std::max(y, optionY) + kGap;
+        m_label2->setGeometry(0, y, width(), m_label2->sizeHint().height());
+        y += m_label2->height();
+        m_combo->setGeometry(0, y, width(), m_combo->sizeHint().height());
     }
 }

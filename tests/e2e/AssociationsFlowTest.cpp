@@ -1,19 +1,15 @@
 // The association wizard as a seller drives it: the demo ERP and marketplace through the real
 // connector library and feria-sim, the seller's embedded database, the scripted Ui.
 
-#include "AssistantSandbox.h"
+#include "WizardFlowTest.h"
 #include "catalogue/SellerProduct.h"
 #include "catalogue/ZorvantaProduct.h"
 #include "catalogue/ZorvantaProperty.h"
 #include "editors/ProductListGrid.h"
 #include "editors/ZorvantaPropertiesGrid.h"
-#include "gateways/QDX.h"
 #include "platform/connectors/LoadedErpLibrary.h"
 #include "publication/SellerLists.h"
-#include "shell/AppState.h"
 #include "shell/frame/NavigationButtons.h"
-#include "shell/window/MainWindow.h"
-#include "shell/window/Panels.h"
 #include "wizards/associations/AssociationAddition.h"
 #include "wizards/associations/AssociationWizard.h"
 
@@ -49,36 +45,22 @@ const char *const kKitchen = "Todo para cocinar.";
 const char *const kAppliances = "Ayudantes de cocina.";
 
 /// The demo seller's assistant, opened on the association wizard.
-class AssociationsFlowTest : public AssistantSandbox
+class AssociationsFlowTest : public WizardFlowTest<AssociationWizard>
 {
 protected:
     void SetUp() override
     {
-        AssistantSandbox::SetUp();
+        WizardFlowTest::SetUp();
         registerSellerListLines();
-    }
-    void TearDown() override
-    {
-        if (gMainWindow)
-            gMainWindow->unload();
-        AssistantSandbox::TearDown();
     }
     void openWizard()
     {
-        ASSERT_TRUE(CommerceServerInit());
-        ASSERT_TRUE(QDXGetOperationConfiguration());
-        ASSERT_TRUE(gSeller->ministores());
-        window = new MainWindow(makeWizardPanel, [] { gSeller->closeSession(); });
-        gMainWindow = window;
-        window->loadAndShow();
-        window->ShowWizard("Associations");
-        wizard = window->findChild<AssociationWizard *>("AssociationWizard1");
-        ASSERT_NE(wizard, nullptr);
+        openWizardPanel("Associations");
+        if (HasFatalFailure())
+            return;
         // The list opens on the ERP's first category; every association shows by code.
         QTest::mouseClick(control<QRadioButton>("ShowAssociations1", "Code"), Qt::LeftButton);
     }
-
-    QWidget *page(const char *name) const { return wizard->findChild<QWidget *>(name); }
     template <class Control> Control *control(const char *pageName, const char *name) const
     {
         auto *found = page(pageName)->findChild<Control *>(name);
@@ -227,9 +209,6 @@ protected:
             errors.push_back(line.substr(line.find("Error: ")));
         return errors;
     }
-
-    MainWindow *window = nullptr;
-    AssociationWizard *wizard = nullptr;
 };
 
 TEST_F(AssociationsFlowTest, withNoAssociationTheListHasHeadingsOnlyAndNothingToRemove)
@@ -476,25 +455,7 @@ TEST_P(AbortTest, cancelAsksAndNoLeavesEverythingAsItWas)
     storeAssociation("ERP-0495", "ZP-00191", kShirtAttributes);
     openWizard();
     reach(row.key);
-    ASSERT_EQ(wizard->currentPageKey(), row.key);
-    const auto operation = wizard->operation();
-    ASSERT_NE(operation, nullptr);
-
-    ui->queueAnswer(MessageAnswer::No);
-    click(row.page, "Cancel");
-    EXPECT_EQ(wizard->currentPageKey(), row.key);
-    EXPECT_EQ(wizard->operation(), operation);
-
-    ui->queueAnswer(MessageAnswer::Yes);
-    click(row.page, "Cancel");
-    EXPECT_EQ(wizard->currentPageKey(), "Show");
-    EXPECT_EQ(wizard->operation(), nullptr);
-    EXPECT_EQ(ui->boxTexts(), Texts(2, "Desea abortar la operación?"));
-    const RecordedBox &question = ui->boxes().front();
-    EXPECT_EQ(question.title, "Confirmación");
-    EXPECT_EQ(question.style, MessageStyle::Question);
-    EXPECT_EQ(question.buttons, MessageButtons::YesNo);
-    EXPECT_EQ(question.defaultButton, 2);
+    expectCancelAsksToAbort(row.page, row.key, "Desea abortar la operación?");
     EXPECT_EQ(associations().size(), 1u);
 }
 

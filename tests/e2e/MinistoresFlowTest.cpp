@@ -1,8 +1,4 @@
-#include "AssistantSandbox.h"
-#include "gateways/QDX.h"
-#include "shell/AppState.h"
-#include "shell/window/MainWindow.h"
-#include "shell/window/Panels.h"
+#include "WizardFlowTest.h"
 #include "wizards/ministores/MinistoresWizard.h"
 
 #include <QDialog>
@@ -28,28 +24,10 @@ const char *const kDemoRows[] = {"Depósito central||",
 
 /// The demo seller's assistant, opened on the ministore wizard. Pages are driven through their
 /// widgets, the credentials typed into the real dialog.
-class MinistoresFlowTest : public AssistantSandbox
+class MinistoresFlowTest : public WizardFlowTest<MinistoresWizard>
 {
 protected:
-    void openWizard()
-    {
-        ASSERT_TRUE(CommerceServerInit());
-        ASSERT_TRUE(QDXGetOperationConfiguration());
-        ASSERT_TRUE(gSeller->ministores());
-        window = new MainWindow(makeWizardPanel, [] { gSeller->closeSession(); });
-        gMainWindow = window;
-        window->loadAndShow();
-        window->ShowWizard("Ministores");
-        wizard = window->findChild<MinistoresWizard *>("MinistoresWizard1");
-    }
-    void TearDown() override
-    {
-        if (gMainWindow)
-            gMainWindow->unload();
-        AssistantSandbox::TearDown();
-    }
-
-    QWidget *page(const char *name) const { return wizard->findChild<QWidget *>(name); }
+    void openWizard() { openWizardPanel("Ministores"); }
     QTreeWidget *list(const char *pageName) const
     {
         return page(pageName)->findChild<QTreeWidget *>("ListView1");
@@ -116,9 +94,6 @@ protected:
     {
         return database->rows(Sql("SELECT IdTienda, Descrip, IDDepoVDOVEL FROM WITIENDAS"));
     }
-
-    MainWindow *window = nullptr;
-    MinistoresWizard *wizard = nullptr;
 };
 
 } // namespace
@@ -392,28 +367,7 @@ TEST_P(AbortTest, cancelAsksWithNoAsTheDefaultAndOnlyYesDropsTheOperation)
         clickRow("AssociateMinistore1", row.ministore);
         click("AssociateMinistore1", "Forward");
     }
-    ASSERT_EQ(wizard->currentPageKey(), row.key);
-    const auto operation = wizard->operation();
-    ASSERT_NE(operation, nullptr);
-
-    ui->queueAnswer(MessageAnswer::No);
-    click(row.page, "Cancel");
-    EXPECT_EQ(wizard->currentPageKey(), row.key);
-    EXPECT_EQ(wizard->operation(), operation);
-
-    ui->queueAnswer(MessageAnswer::Yes);
-    click(row.page, "Cancel");
-    EXPECT_EQ(wizard->currentPageKey(), "Show");
-    EXPECT_EQ(wizard->operation(), nullptr);
-
-    ASSERT_EQ(ui->boxes().size(), 2u);
-    for (const RecordedBox &box : ui->boxes()) {
-        EXPECT_EQ(box.text, row.question);
-        EXPECT_EQ(box.title, "Confirmación");
-        EXPECT_EQ(box.style, MessageStyle::Question);
-        EXPECT_EQ(box.buttons, MessageButtons::YesNo);
-        EXPECT_EQ(box.defaultButton, 2) << "No is the default";
-    }
+    expectCancelAsksToAbort(row.page, row.key, row.question);
 }
 
 INSTANTIATE_TEST_SUITE_P(

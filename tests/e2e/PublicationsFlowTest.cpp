@@ -1,17 +1,13 @@
 // A seller publishes, modifies and withdraws associated products through the pages of the
 // publication wizard, against a marketplace whose stores allow 10, 0 and 500 publications.
 
-#include "AssistantSandbox.h"
+#include "WizardFlowTest.h"
 #include "catalogue/ProductBrowser.h"
 #include "catalogue/SellerCatalogue.h"
 #include "editors/ProductListGrid.h"
-#include "gateways/QDX.h"
 #include "publication/PublishedProduct.h"
 #include "publication/SellerLists.h"
-#include "shell/AppState.h"
 #include "shell/Constants.h"
-#include "shell/window/MainWindow.h"
-#include "shell/window/Panels.h"
 #include "stores/Seller.h"
 #include "stores/ZorvantaMinistore.h"
 #include "wizards/publications/NewPublicationValues.h"
@@ -50,36 +46,21 @@ constexpr const char kAssociations[] =
     " '2026-01-10 09:05:00'), "
     "(3, 'ERP-0338', 'ZP-3', '<Properties/><VariantProperties/>', '2026-01-10 09:10:00')";
 
-class PublicationsFlowTest : public AssistantSandbox
+class PublicationsFlowTest : public WizardFlowTest<PublicationWizard>
 {
 protected:
     void SetUp() override
     {
-        AssistantSandbox::SetUp();
+        WizardFlowTest::SetUp();
         database->execute(Sql("INSERT INTO WITIENDAS VALUES ('100', 'Andina Hogar', 'DV-01'), "
                               "('200', 'Andina Deportes', 'DV-02'), "
                               "('300', 'Andina Tecnología', 'DV-03')"));
         database->execute(Sql(kAssociations));
     }
-    void TearDown() override
-    {
-        if (gMainWindow)
-            gMainWindow->unload();
-        AssistantSandbox::TearDown();
-    }
-
     void openWizard()
     {
         registerSellerListLines();
-        ASSERT_TRUE(CommerceServerInit());
-        ASSERT_TRUE(QDXGetOperationConfiguration());
-        ASSERT_TRUE(gSeller->ministores());
-        window = new MainWindow(makeWizardPanel, [] { gSeller->closeSession(); });
-        gMainWindow = window;
-        window->loadAndShow();
-        window->ShowWizard("Publications");
-        wizard = window->findChild<PublicationWizard *>("PublicationWizard1");
-        ASSERT_NE(wizard, nullptr);
+        openWizardPanel("Publications");
     }
 
     /// Every line of the seller's list of `type` (1 associations, 2 publications) in `store`,
@@ -148,7 +129,6 @@ protected:
         wizard->SwitchPage("ConfirmPublication");
     }
 
-    QWidget *page(const char *name) const { return wizard->findChild<QWidget *>(name); }
     void click(const char *pageName, const char *button)
     {
         QPushButton *found = page(pageName)->findChild<QPushButton *>(button);
@@ -297,9 +277,6 @@ protected:
                 "<Field fieldID=\"Existencia\"><![CDATA[5]]></Field></VariantProperties>', "
                 "'2026-02-01 10:00:00')"));
     }
-
-    MainWindow *window = nullptr;
-    PublicationWizard *wizard = nullptr;
 };
 
 } // namespace

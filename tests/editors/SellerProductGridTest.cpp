@@ -4,6 +4,7 @@
 #include "catalogue/ProductBrowser.h"
 #include "catalogue/SellerProduct.h"
 #include "editors/SellerProductGrid.h"
+#include "shell/Constants.h"
 
 #include <gmock/gmock.h>
 
@@ -12,9 +13,23 @@ using testing::IsEmpty;
 
 namespace {
 
-class SellerProductGridTest : public SearchEditorsTest
+/// The detail on a machine that writes decimals with the parameter's separator.
+class SellerProductGridTest : public SearchEditorsTest,
+                              public testing::WithParamInterface<const char *>
 {
 protected:
+    void SetUp() override
+    {
+        SearchEditorsTest::SetUp();
+        m_separator = gDecimalSeparator;
+        gDecimalSeparator = GetParam();
+    }
+    void TearDown() override
+    {
+        gDecimalSeparator = m_separator;
+        SearchEditorsTest::TearDown();
+    }
+
     /// The first product a code search for `code` lists, with no detail read yet.
     std::shared_ptr<SellerProduct> listed(const std::string &code)
     {
@@ -35,17 +50,28 @@ protected:
     }
 
     SellerProductGrid grid;
+
+private:
+    std::string m_separator;
 };
 
-TEST_F(SellerProductGridTest, showsTheListedProductWithThePricesReadFromTheErp)
+TEST_P(SellerProductGridTest, showsTheListedProductWithThePricesReadFromTheErpInTheLocalesForm)
 {
     erp->writeData(ErpSandbox::products(1, "P-", "Olla"));
     grid.setProduct(listed("P-0001"));
-    EXPECT_THAT(rows(), ElementsAre("Código|P-0001", "Descripción|Olla 1", "Referencia|R1",
-                                    "Precio 1|10.00", "Precio 2|9.00", "Precio 3|8.00"));
+    const std::string separator = GetParam();
+    EXPECT_THAT(rows(),
+                ElementsAre("Código|P-0001", "Descripción|Olla 1", "Referencia|R1",
+                            "Precio 1|10" + separator + "00", "Precio 2|9" + separator + "00",
+                            "Precio 3|8" + separator + "00"));
 
     grid.setProduct(nullptr);
     EXPECT_THAT(rows(), IsEmpty());
 }
+
+INSTANTIATE_TEST_SUITE_P(Separators, SellerProductGridTest, testing::Values(",", "."),
+                         [](const testing::TestParamInfo<const char *> &row) {
+                             return std::string(*row.param == ',' ? "comma" : "point");
+                         });
 
 } // namespace

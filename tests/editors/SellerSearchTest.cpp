@@ -10,7 +10,9 @@
 #include "shell/AppState.h"
 #include "stores/ZorvantaMinistore.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -215,9 +217,15 @@ TEST_F(SellerSearchTest, theStoreFilterNarrowsThePublishedAndPendingLists)
     EXPECT_EQ(stores->currentIndex(), 0);
     EXPECT_EQ(erpCalls->calls.back(), "search 1 '' type 2 store 100");
     EXPECT_EQ(resized.count(), 1);
-    // The filter lies under the text, inside the control.
+    // The filter lies under the text and its caption, inside the control.
     EXPECT_GT(stores->geometry().top(), control<QLineEdit>("SearchText")->geometry().bottom());
+    EXPECT_GT(stores->geometry().top(), control<QLabel>("Label2")->geometry().top());
     EXPECT_LE(stores->geometry().bottom(), search->height());
+    // Squeezed into a narrow page, the longest store name still shows whole.
+    search->resize(150, search->height());
+    QApplication::processEvents();
+    EXPECT_GT(stores->width(), stores->fontMetrics().horizontalAdvance(stores->itemText(1)))
+        << stores->itemText(1).toStdString();
 
     stores->setFocus();
     QTest::keyClick(stores, Qt::Key_Down);

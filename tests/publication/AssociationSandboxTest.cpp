@@ -2,6 +2,7 @@
 // real connector libraries and the seller's embedded database.
 
 #include "AssistantSandbox.h"
+#include "PropertyValues.h"
 #include "catalogue/ProductBrowser.h"
 #include "catalogue/SellerCatalogue.h"
 #include "catalogue/SellerProduct.h"
@@ -37,24 +38,17 @@ protected:
     /// Associates an ERP product, found by its code, with a marketplace product, giving values
     /// to variant properties as the wizard does.
     static void associate(const std::string &code, const std::string &marketplaceId,
-                          const std::vector<std::pair<std::string, std::string>> &chosen = {})
+                          const PropertyPairs &chosen = {})
     {
         auto browser = sellerBrowser();
         browser->setSearchString(code);
         browser->StartQuery();
         auto product = std::make_shared<ZorvantaProduct>();
         product->setId(marketplaceId);
-        auto values = std::make_shared<AssociatedProduct::Values>();
-        for (const auto &[id, text] : chosen) {
-            auto value = std::make_shared<ZorvantaValue>();
-            value->setDefinition(product->variantProperties()->item(id));
-            value->setValue(text);
-            values->add(value, id);
-        }
         AssociatedProduct association;
         association.setSellerProd(browser->products()->item(1)->sellerProduct());
         association.setZorvantaProd(product);
-        association.setVariantattributes(values);
+        association.setVariantattributes(propertyValues(*product->variantProperties(), chosen));
         association.CreateAssociation();
     }
     /// The associated list, every page of it, as the list page reads it.

@@ -1,21 +1,13 @@
 #pragma once
 
-#include "CatalogueTest.h"
 #include "FakeConnectors.h"
-#include "SellerDatabaseSandbox.h"
+#include "ShirtTest.h"
 #include "catalogue/SellerProduct.h"
-#include "catalogue/ZorvantaProduct.h"
-#include "catalogue/ZorvantaProperty.h"
-#include "catalogue/ZorvantaValue.h"
-#include "platform/xml/XmlDocument.h"
 #include "publication/AssociatedProduct.h"
-#include "shell/Constants.h"
-#include "stores/Seller.h"
 
 #include <cstring>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// The demo seller's ERP, whose detail of an association is the reply the test gives.
@@ -35,53 +27,17 @@ public:
     std::int32_t detailCode = 0;
 };
 
-/// Associations of the ERP's shirt ERP-0001 with the marketplace's shirt ZP-00191 on a machine
-/// that writes 12,5: Marca and Peso (a decimal) are fixed, Color and Talla variant. The
-/// marketplace side is a product template, which never calls the service; the seller's
-/// database is an embedded one of the test's own.
-class AssociationTest : public CatalogueTest
+/// Associations of the ERP's shirt ERP-0001 with the marketplace's shirt: Marca and Peso (a
+/// decimal) are fixed, Color and Talla variant.
+class AssociationTest : public ShirtTest<DetailErp>
 {
 protected:
-    using Pairs = std::vector<std::pair<std::string, std::string>>;
-
     void SetUp() override
     {
-        CatalogueTest::SetUp();
-        m_separator = gDecimalSeparator;
-        gDecimalSeparator = ",";
-        erp = std::make_shared<DetailErp>();
-        setErpLibrary(erp);
-        database = std::make_unique<SellerDatabaseSandbox>();
-        gSeller.reset();
-        shirt = std::make_shared<ZorvantaProduct>();
-        shirt->setIsDefinition(true);
-        XmlDocument document;
-        ASSERT_TRUE(document.loadXML(kShirt));
-        shirt->setXml(document.documentElement());
-        shirt->setId("ZP-00191");
-    }
-    void TearDown() override
-    {
-        gSeller.reset();
-        database.reset();
-        setErpLibrary(nullptr);
-        gDecimalSeparator = m_separator;
-        CatalogueTest::TearDown();
+        ShirtTest::SetUp();
+        shirt = product(kShirt);
     }
 
-    /// Values of the shirt's properties, as a page gives them: keyed by property id, in the
-    /// display form.
-    std::shared_ptr<AssociatedProduct::Values> values(const Pairs &pairs)
-    {
-        auto result = std::make_shared<AssociatedProduct::Values>();
-        for (const auto &[id, text] : pairs) {
-            auto value = std::make_shared<ZorvantaValue>();
-            value->setDefinition(shirt->properties()->item(id));
-            value->setValue(text);
-            result->add(value, id);
-        }
-        return result;
-    }
     /// A new association of `dovelID` with the shirt, as the wizard builds it.
     std::shared_ptr<AssociatedProduct> association(const Pairs &pairs,
                                                    const std::string &dovelID = "ERP-0001")
@@ -113,11 +69,4 @@ protected:
         "<Properties><Property id='Marca'/><Property id='Peso'/></Properties>"
         "<VariantProperties><Property id='Color'/><Property id='Talla'/></VariantProperties>"
         "</Definition></ProductDefinition>";
-
-    std::shared_ptr<DetailErp> erp;
-    std::unique_ptr<SellerDatabaseSandbox> database;
-    std::shared_ptr<ZorvantaProduct> shirt;
-
-private:
-    std::string m_separator;
 };

@@ -1,26 +1,15 @@
 #pragma once
 
 #include "AssociationTest.h"
-#include "CatalogueTest.h"
-#include "FakeConnectors.h"
-#include "SellerDatabaseSandbox.h"
 #include "catalogue/ProductLine.h"
-#include "catalogue/ZorvantaProduct.h"
-#include "catalogue/ZorvantaProperty.h"
-#include "catalogue/ZorvantaValue.h"
-#include "platform/xml/XmlDocument.h"
 #include "publication/PublishedProduct.h"
 #include "publication/SellerLists.h"
-#include "shell/Constants.h"
-#include "stores/Seller.h"
 #include "stores/ZorvantaMinistore.h"
 
 #include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
 /// The ERP of the association tests, whose database is the one the test chose.
 class PublicationErp : public DetailErp
@@ -36,37 +25,24 @@ public:
     std::string databaseName = "AsistenteDemo";
 };
 
-/// Publications of association 7 (the ERP's shirt ERP-0495 bound to the marketplace's shirt
-/// ZP-00191, which has the variant properties Color and Talla) in store 100, on a machine that
-/// writes 12,5. The shirt's non-characteristic properties are a price, a quantity and a free
-/// text. The marketplace side is a product template, which never calls the service. The seller's
-/// database is the embedded engine's, or with useOdbc() the same tables behind the ODBC driver.
-class PublicationTest : public CatalogueTest
+/// Publications of association 7 (the ERP's shirt ERP-0495 bound to the marketplace's shirt,
+/// which has the variant properties Color and Talla) in store 100. The shirt's
+/// non-characteristic properties are a price, a quantity and a free text. The seller's database
+/// is the embedded engine's, or with useOdbc() the same tables behind the ODBC driver.
+class PublicationTest : public ShirtTest<PublicationErp>
 {
 protected:
-    using Pairs = std::vector<std::pair<std::string, std::string>>;
-
     void SetUp() override
     {
-        CatalogueTest::SetUp();
-        m_separator = gDecimalSeparator;
-        gDecimalSeparator = ",";
-        erp = std::make_shared<PublicationErp>();
-        setErpLibrary(erp);
-        database = std::make_unique<SellerDatabaseSandbox>();
-        gSeller.reset();
+        ShirtTest::SetUp();
         registerSellerListLines();
         shirt = product(kShirt);
         store = ministore("100");
     }
     void TearDown() override
     {
-        gSeller.reset();
         unsetenv("ASISTENTE_SQL_DRIVER");
-        database.reset();
-        setErpLibrary(nullptr);
-        gDecimalSeparator = m_separator;
-        CatalogueTest::TearDown();
+        ShirtTest::TearDown();
     }
 
     /// Puts WIPRODPUBL and WIPRODPEND behind the ODBC driver of SQLite, made as a server's
@@ -126,16 +102,6 @@ protected:
                         "NumInt FROM WIPRODPEND ORDER BY IdPrdPublicado, Estado"));
     }
 
-    static std::shared_ptr<ZorvantaProduct> product(const char *definition)
-    {
-        auto made = std::make_shared<ZorvantaProduct>();
-        made->setIsDefinition(true);
-        XmlDocument document;
-        EXPECT_TRUE(document.loadXML(definition));
-        made->setXml(document.documentElement());
-        made->setId("ZP-00191");
-        return made;
-    }
     static std::shared_ptr<ZorvantaMinistore> ministore(const std::string &id)
     {
         XmlDocument reply;
@@ -146,19 +112,6 @@ protected:
         auto made = std::make_shared<ZorvantaMinistore>();
         made->setXml(reply.documentElement(), reply.documentElement());
         return made;
-    }
-    /// Values of the shirt's properties as the pages give them: keyed by property id, in the
-    /// display form.
-    std::shared_ptr<PublishedProduct::Values> values(const Pairs &pairs)
-    {
-        auto result = std::make_shared<PublishedProduct::Values>();
-        for (const auto &[id, text] : pairs) {
-            auto value = std::make_shared<ZorvantaValue>();
-            value->setDefinition(shirt->properties()->item(id));
-            value->setValue(text);
-            result->add(value, id);
-        }
-        return result;
     }
     /// Association 7 as the associated list gives it, bound to the shirt.
     std::shared_ptr<AssociatedProduct> association()
@@ -242,11 +195,5 @@ protected:
         "<VariantProperties><Property id='Color'/><Property id='Talla'/></VariantProperties>"
         "</Definition></ProductDefinition>";
 
-    std::shared_ptr<PublicationErp> erp;
-    std::unique_ptr<SellerDatabaseSandbox> database;
-    std::shared_ptr<ZorvantaProduct> shirt;
     std::shared_ptr<ZorvantaMinistore> store;
-
-private:
-    std::string m_separator;
 };

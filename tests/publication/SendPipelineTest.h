@@ -85,6 +85,13 @@ protected:
     void openMarketplace(const std::string &faults = {}, int batchLimit = 5,
                          const std::function<void(std::string &)> &data = {})
     {
+        startMarketplace(faults, batchLimit, data);
+        ASSERT_TRUE(QDXGetOperationConfiguration());
+    }
+    /// The same marketplace and SOAP clients, leaving the limits and the session to the test.
+    void startMarketplace(const std::string &faults = {}, int batchLimit = 5,
+                          const std::function<void(std::string &)> &data = {})
+    {
         std::string text = smallMarketplace(faults, batchLimit);
         replace(text, "maxProducts=\"3\"", "maxProducts=\"50\"");
         replace(text, "maxProducts=\"10\" status=\"I\"", "maxProducts=\"10\" status=\"A\"");
@@ -94,7 +101,6 @@ protected:
         ASSERT_FALSE(sim->url().empty()) << sim->error();
         setenv("ASISTENTE_MARKETPLACE_URL", sim->url().c_str(), 1);
         ASSERT_TRUE(CommerceServerInit());
-        ASSERT_TRUE(QDXGetOperationConfiguration());
     }
     void closeMarketplace()
     {

@@ -1,6 +1,5 @@
 #include "platform/db/SqliteCursor.h"
 
-#include "platform/core/RaisedError.h"
 #include "platform/db/SqliteBackend.h"
 
 #include <sqlite3.h>
@@ -45,9 +44,10 @@ std::optional<std::string> SqliteCursor::field(int index) const
     if (sqlite3_column_type(m_statement, index) == SQLITE_NULL)
         return std::nullopt;
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(m_statement, index));
-    // No text for a value that is not Null means the engine ran out of memory converting it.
+    // No text for a value that is not Null means the engine ran out of memory converting it:
+    // an engine error like any other, so the caller's handler reports a database failure.
     if (!text)
-        raiseError(RuntimeErrorNumber::OutOfMemory, sqlite3_errmsg(m_db));
+        reportDatabaseError(*m_errors, sqliteError(m_db));
     return std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, index)));
 }
 

@@ -5,6 +5,19 @@
 #include "platform/soap/SoapEnvelope.h"
 #include "platform/soap/WsdlReader.h"
 
+namespace {
+
+// A server that refuses says why in its page: the log keeps the start of it.
+std::string statusAndText(const HttpReply &reply)
+{
+    std::string text = "HTTP status " + std::to_string(reply.status);
+    if (!reply.body.empty())
+        text += ": " + reply.body.substr(0, SoapEnvelope::kQuotedReplyLength);
+    return text;
+}
+
+} // namespace
+
 SoapClient::SoapClient() : m_http(std::make_unique<HttpTransport>()) {}
 
 SoapClient::~SoapClient() = default;
@@ -14,9 +27,9 @@ void SoapClient::init(const std::string &wsdlUrl, const std::string &serviceName
 {
     const HttpReply reply = m_http->get(wsdlUrl);
     if (reply.status != 200) {
-        raiseError(RuntimeErrorNumber::AutomationError, "The service description at " + wsdlUrl +
-                                                            " can't be read: HTTP status " +
-                                                            std::to_string(reply.status));
+        raiseError(RuntimeErrorNumber::AutomationError,
+                   "The service description at " + wsdlUrl +
+                       " can't be read: " + statusAndText(reply));
     }
     m_port = WsdlReader(reply.body, wsdlUrl).port(serviceName, portName);
 }
@@ -50,9 +63,9 @@ std::string SoapClient::call(const std::string &operation,
          // Without this curl waits for a "100 Continue" before a large body.
          "Expect:"});
     if (reply.status != 200 && reply.status != 500) {
-        raiseError(RuntimeErrorNumber::AutomationError,
-                   "The service at " + m_port.address + " answered " + operation +
-                       " with HTTP status " + std::to_string(reply.status));
+        raiseError(RuntimeErrorNumber::AutomationError, "The service at " + m_port.address +
+                                                            " answered " + operation + " with " +
+                                                            statusAndText(reply));
     }
     return SoapEnvelope::returnValue(bound, reply.body, reply.status == 500);
 }

@@ -11,7 +11,6 @@ namespace {
 
 constexpr const char *kEnvelopeNamespace = "http://schemas.xmlsoap.org/soap/envelope/";
 constexpr const char *kInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
-constexpr std::size_t kQuotedReplyLength = 300;
 
 // Gives each namespace the request uses a prefix, declared once on the envelope.
 class Prefixes
@@ -68,9 +67,9 @@ std::string textOf(pugi::xml_node element)
 [[noreturn]] void raiseReplyError(const SoapOperation &operation, const std::string &problem,
                                   const std::string &reply)
 {
-    raiseError(RuntimeErrorNumber::AutomationError, "The reply to " + operation.name + " " +
-                                                        problem + ": " +
-                                                        reply.substr(0, kQuotedReplyLength));
+    raiseError(RuntimeErrorNumber::AutomationError,
+               "The reply to " + operation.name + " " + problem + ": " +
+                   reply.substr(0, SoapEnvelope::kQuotedReplyLength));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "platform/soap/SoapPort.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,9 @@
 class SoapEnvelope
 {
 public:
+    /// How much of a reply an error quotes: enough to tell what came, never a whole page.
+    static constexpr std::size_t kQuotedReplyLength = 300;
+
     /// The request envelope of `operation` with `values`, one per parameter in order, as the
     /// text of their elements (escaped here). With encoded use each argument carries xsi:type
     /// and the envelope the encoding style.

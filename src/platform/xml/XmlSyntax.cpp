@@ -166,6 +166,36 @@ bool isDeclarationAt(std::string_view text, std::size_t pos)
     return rest.starts_with("<?xml") && (rest.size() == 5 || isBlank(rest[5]) || rest[5] == '?');
 }
 
+// The text is read as UTF-8: a byte that does not start or continue a sequence (an ERP writing
+// é as the one Latin-1 byte 0xE9, say), an overlong form or a surrogate is not a character.
+bool isUtf8(std::string_view text)
+{
+    std::size_t pos = 0;
+    while (pos < text.size()) {
+        const auto lead = static_cast<unsigned char>(text[pos]);
+        const std::size_t length = lead < 0x80   ? 1
+                                   : lead < 0xC2 ? 0
+                                   : lead < 0xE0 ? 2
+                                   : lead < 0xF0 ? 3
+                                   : lead < 0xF5 ? 4
+                                                 : 0;
+        if (length == 0 || pos + length > text.size())
+            return false;
+        char32_t code = length == 1 ? lead : lead & (0x7F >> length);
+        for (std::size_t i = 1; i < length; ++i) {
+            const auto next = static_cast<unsigned char>(text[pos + i]);
+            if ((next & 0xC0) != 0x80)
+                return false;
+            code = (code << 6) | (next & 0x3F);
+        }
+        const char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+        if (code < least[length] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+            return false;
+        pos += length;
+    }
+    return true;
+}
+
 } // namespace
 
 bool passesStrictMarkupRules(std::string_view text)
@@ -174,6 +204,8 @@ bool passesStrictMarkupRules(std::string_view text)
         if (c < 0x20 && c != '\t' && c != '\n' && c != '\r')
             return false;
     }
+    if (!isUtf8(text))
+        return false;
     std::vector<std::string_view> attributeNames;
     std::size_t pos = 0;
     while (pos < text.size()) {

@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QStyle>
 #include <QToolBar>
 
@@ -213,8 +214,17 @@ void MainWindow::ResizeControls()
 void MainWindow::ShowHelp()
 {
     withHandler("MainWindow:ShowHelp", [&] {
-        m_helpBrowser =
-            "file://" + std::filesystem::current_path().string() + "/docs/index.htm";
+        // The help pages sit in docs/ of the working folder; an installed assistant, run from
+        // the seller's own folder, finds the copy its package put in the shared data folders.
+        std::string page = std::filesystem::current_path().string() + "/docs/index.htm";
+        std::error_code unreadable;
+        if (!std::filesystem::exists(page, unreadable)) {
+            const QString installed = QStandardPaths::locate(QStandardPaths::GenericDataLocation,
+                                                             "asistente/docs/index.htm");
+            if (!installed.isEmpty())
+                page = installed.toStdString();
+        }
+        m_helpBrowser = "file://" + page;
         ui().openUrl(m_helpBrowser);
     });
 }

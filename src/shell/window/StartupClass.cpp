@@ -48,6 +48,12 @@ void StartupClass::StartWizard(bool &freePriceEntry)
                 gAppRunning = false;
                 return;
             }
+            // A fatal error during the checks (the ERP refusing the database's coordinates, say)
+            // has told the seller that the assistant closes: no window may open after that.
+            if (!gAppRunning) {
+                EndWait();
+                return;
+            }
             gFreePriceEntry = freePriceEntry;
             auto *window = new MainWindow(makeWizardPanel, closeSellerSession);
             gMainWindow = window;

@@ -1,8 +1,5 @@
 #include "wizards/associations/AssociateSellerProduct.h"
 
-#include "catalogue/SellerProduct.h"
-#include "editors/SellerProductGrid.h"
-#include "editors/SellerSearch.h"
 #include "shell/frame/NavigationButtons.h"
 #include "shell/frame/PageHost.h"
 #include "wizards/associations/AssociationAddition.h"
@@ -20,31 +17,23 @@ constexpr std::int16_t kAllProducts = 0;
 
 AssociateSellerProduct::AssociateSellerProduct(PageHost &parent, const QString &controlName,
                                                QWidget *widgetParent)
-    : AssociationStepPage(parent, controlName, widgetParent),
-      m_grid(new ProductListGrid(
-          {QString::fromUtf8("Código"), QString::fromUtf8("Descripción"), "Referencia"}, nullptr)),
-      m_list(
-          *m_grid, [](SellerProduct &product) { return product.dovelID(); },
+    : SearchListPage(
+          parent, controlName, widgetParent,
+          {QString::fromUtf8("Código"), QString::fromUtf8("Descripción"), "Referencia"},
+          [](SellerProduct &product) { return product.dovelID(); },
           [](SellerProduct &product) {
               return product.dovelID() + "\t" + product.Description() + "\t" + product.Reference();
-          })
+          },
+          SearchListDetail::SellerProduct)
 {
     auto *frame1 = new QGroupBox("Seleccione el producto Dovel a asociar", this);
     frame1->setObjectName("Frame1");
-    auto *frame2 = new QGroupBox(QString::fromUtf8("&Búsqueda"), frame1);
-    frame2->setObjectName("Frame2");
-    m_search = new SellerSearch(frame2);
-    m_search->setObjectName("SellerSearch1");
-    (new QVBoxLayout(frame2))->addWidget(m_search);
-    m_grid->setParent(frame1);
-    m_detail = new SellerProductGrid(frame1);
-    m_detail->setObjectName("SellerProductGrid1");
     auto *inside = new QVBoxLayout(frame1);
-    inside->addWidget(frame2);
+    inside->addWidget(m_searchFrame);
     inside->addWidget(captionLabel("Label1", "&Productos", m_grid, frame1));
     inside->addWidget(m_grid, 3);
-    inside->addWidget(captionLabel("Label2", "De&talle", m_detail, frame1));
-    inside->addWidget(m_detail, 2);
+    inside->addWidget(captionLabel("Label2", "De&talle", m_sellerProduct, frame1));
+    inside->addWidget(m_sellerProduct, 2);
 
     m_buttons = makeButtons();
     m_buttons->setAcceptEnabled(false);
@@ -54,12 +43,6 @@ AssociateSellerProduct::AssociateSellerProduct(PageHost &parent, const QString &
     page->addWidget(frame1, 1);
     page->addWidget(m_buttons);
 
-    onEvent(m_search, &SellerSearch::Changed, "SellerSearch1_Changed",
-            [this] { SellerSearch1_Changed(); });
-    onEvent(m_grid, &ProductListGrid::SelChange, "MSFlexGrid1_SelChange",
-            [this] { m_detail->setProduct(m_list.selected()); });
-    onEvent(m_grid, &ProductListGrid::Scroll, "MSFlexGrid1_Scroll", [this] { GetMoreProducts(); });
-    onEvent(m_grid, &ProductListGrid::Resized, "MSFlexGrid1_Resize", [this] { GetMoreProducts(); });
     onEvent(m_buttons, &NavigationButtons::NextClick, "NavigationButtons1_NextClick",
             [this] { DoAssociation(); });
     onEvent(m_buttons, &NavigationButtons::BackClick, "NavigationButtons1_BackClick",
@@ -78,21 +61,18 @@ void AssociateSellerProduct::Start()
 
 void AssociateSellerProduct::SellerSearch1_Changed()
 {
-    m_list.clear();
-    if (const auto products = m_search->products())
-        m_list.addPage(*products);
-    GetMoreProducts();
+    refill();
     if (m_list.empty()) {
         m_buttons->setNextEnabled(false);
         return;
     }
-    m_detail->setProduct(m_list.entry(1));
+    m_sellerProduct->setProduct(m_list.entry(1));
     m_buttons->setNextEnabled(true);
 }
 
-void AssociateSellerProduct::GetMoreProducts()
+void AssociateSellerProduct::ShowProduct()
 {
-    withHandler(handlerLabel("GetMoreProducts"), [&] { m_list.GetMoreProducts(*m_search); });
+    m_sellerProduct->setProduct(m_list.selected());
 }
 
 void AssociateSellerProduct::DoAssociation()

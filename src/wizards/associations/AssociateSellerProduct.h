@@ -1,16 +1,14 @@
 #pragma once
 
-#include "editors/ProductList.h"
+#include "catalogue/SellerProduct.h"
+#include "editors/SearchListPage.h"
 #include "wizards/associations/AssociationStepPage.h"
 
 class NavigationButtons;
-class SellerProduct;
-class SellerProductGrid;
-class SellerSearch;
 
 /// The first step of a new association: the ERP product, found with the search among all the
 /// ERP's products and read page by page as the list scrolls.
-class AssociateSellerProduct : public AssociationStepPage
+class AssociateSellerProduct : public SearchListPage<SellerProduct, AssociationStepPage>
 {
     Q_OBJECT
 public:
@@ -20,13 +18,9 @@ public:
     void Start() override;
 
 private:
-    void SellerSearch1_Changed();
-    void GetMoreProducts();
+    void SellerSearch1_Changed() override;
+    void ShowProduct() override;
     void DoAssociation();
 
-    SellerSearch *m_search;
-    ProductListGrid *m_grid;
-    ProductList<SellerProduct> m_list;
-    SellerProductGrid *m_detail;
     NavigationButtons *m_buttons;
 };

@@ -1,9 +1,6 @@
 #include "wizards/associations/ShowAssociations.h"
 
-#include "editors/SellerProductGrid.h"
-#include "editors/SellerSearch.h"
-#include "editors/ZorvantaPropertiesGrid.h"
-#include "publication/AssociatedProduct.h"
+#include "editors/AssociatedProductColumns.h"
 #include "publication/FudgeValues.h"
 #include "shell/frame/PageHost.h"
 #include "wizards/associations/AssociationAddition.h"
@@ -20,33 +17,16 @@ namespace {
 // The list searches the ERP's list of associated products.
 constexpr std::int16_t kAssociatedProducts = 1;
 
-std::string lineOf(AssociatedProduct &association)
-{
-    const auto product = association.theSellerProduct();
-    const auto &marketplace = association.theZorvantaProduct();
-    return product->dovelID() + "\t" + product->Description() + "\t" + product->Reference() + "\t" +
-           (marketplace ? marketplace->id() : std::string());
-}
-
 } // namespace
 
 ShowAssociations::ShowAssociations(PageHost &parent, const QString &controlName,
                                    QWidget *widgetParent)
-    : WizardPage(parent, controlName, widgetParent),
-      m_grid(new ProductListGrid({QString::fromUtf8("Código"), QString::fromUtf8("Descripción"),
-                                  "Referencia", QString::fromUtf8("Código Zorvanta")},
-                                 nullptr)),
-      m_list(
-          *m_grid, [](AssociatedProduct &line) { return line.associationId(); }, lineOf)
+    : SearchListPage(parent, controlName, widgetParent, AssociatedProductColumns::headings(),
+                     AssociatedProductColumns::keyOf, AssociatedProductColumns::lineOf,
+                     SearchListDetail::SellerAndZorvantaProduct)
 {
     auto *frame1 = new QGroupBox("Productos Asociados", this);
     frame1->setObjectName("Frame1");
-    auto *frame2 = new QGroupBox(QString::fromUtf8("&Búsqueda"), frame1);
-    frame2->setObjectName("Frame2");
-    m_search = new SellerSearch(frame2);
-    m_search->setObjectName("SellerSearch1");
-    (new QVBoxLayout(frame2))->addWidget(m_search);
-    m_grid->setParent(frame1);
     m_associate = new QPushButton(QString::fromUtf8("Crear nueva &asociación"), frame1);
     m_associate->setObjectName("Asociar");
     m_deassociate = new QPushButton("&Desasociar", frame1);
@@ -56,19 +36,15 @@ ShowAssociations::ShowAssociations(PageHost &parent, const QString &controlName,
     buttons->addWidget(m_associate);
     buttons->addWidget(m_deassociate);
     auto *inside1 = new QVBoxLayout(frame1);
-    inside1->addWidget(frame2);
+    inside1->addWidget(m_searchFrame);
     inside1->addWidget(m_grid, 1);
     inside1->addLayout(buttons);
 
     auto *frame3 = new QGroupBox("Producto &Dovel", this);
     frame3->setObjectName("Frame3");
-    m_sellerProduct = new SellerProductGrid(frame3);
-    m_sellerProduct->setObjectName("SellerProductGrid1");
     (new QVBoxLayout(frame3))->addWidget(m_sellerProduct);
     auto *frame4 = new QGroupBox("Producto &Feria Nubalia", this);
     frame4->setObjectName("Frame4");
-    m_properties = new ZorvantaPropertiesGrid(frame4);
-    m_properties->setObjectName("ZorvantaPropertiesGrid1");
     (new QVBoxLayout(frame4))->addWidget(m_properties);
     auto *detail = new QHBoxLayout;
     detail->addWidget(frame3, 2);
@@ -79,12 +55,6 @@ ShowAssociations::ShowAssociations(PageHost &parent, const QString &controlName,
     page->addWidget(frame1, 3);
     page->addLayout(detail, 2);
 
-    onEvent(m_search, &SellerSearch::Changed, "SellerSearch1_Changed",
-            [this] { SellerSearch1_Changed(); });
-    onEvent(m_grid, &ProductListGrid::SelChange, "MSFlexGrid1_SelChange",
-            [this] { ShowProduct(); });
-    onEvent(m_grid, &ProductListGrid::Scroll, "MSFlexGrid1_Scroll", [this] { GetMoreProducts(); });
-    onEvent(m_grid, &ProductListGrid::Resized, "MSFlexGrid1_Resize", [this] { GetMoreProducts(); });
     onEvent(m_associate, &QPushButton::clicked, "Asociar_Click", [this] { DoAssociation(); });
     onEvent(m_deassociate, &QPushButton::clicked, "Desasociar_Click",
             [this] { DoDeassociation(); });
@@ -108,29 +78,14 @@ void ShowAssociations::Start()
 
 void ShowAssociations::SellerSearch1_Changed()
 {
-    m_list.clear();
     clearDetail();
-    if (const auto products = m_search->products())
-        m_list.addPage(*products);
-    GetMoreProducts();
+    refill();
     if (!m_list.empty()) {
         ShowProduct();
         m_deassociate->setEnabled(true);
     } else {
         m_deassociate->setEnabled(false);
     }
-}
-
-void ShowAssociations::GetMoreProducts()
-{
-    withHandler(handlerLabel("GetMoreProducts"), [&] { m_list.GetMoreProducts(*m_search); });
-}
-
-void ShowAssociations::clearDetail()
-{
-    m_properties->setZorvantaProperties(nullptr);
-    m_properties->setValues(nullptr);
-    m_sellerProduct->setProduct(nullptr);
 }
 
 void ShowAssociations::ShowProduct()

@@ -1,18 +1,14 @@
 #pragma once
 
-#include "editors/ProductList.h"
-#include "shell/frame/WizardPage.h"
+#include "editors/SearchListPage.h"
+#include "publication/AssociatedProduct.h"
 
-class AssociatedProduct;
 class QPushButton;
-class SellerProductGrid;
-class SellerSearch;
-class ZorvantaPropertiesGrid;
 
 /// The first page of the association wizard: the seller's associations, read page by page as
 /// the list scrolls, with both sides of the selected one below, and the doors to make a new
 /// association or remove the selected one.
-class ShowAssociations : public WizardPage
+class ShowAssociations : public SearchListPage<AssociatedProduct>
 {
     Q_OBJECT
 public:
@@ -22,18 +18,11 @@ public:
     void Start() override;
 
 private:
-    void SellerSearch1_Changed();
-    void GetMoreProducts();
-    void ShowProduct();
-    void clearDetail();
+    void SellerSearch1_Changed() override;
+    void ShowProduct() override;
     void DoAssociation();
     void DoDeassociation();
 
-    SellerSearch *m_search;
-    ProductListGrid *m_grid;
-    ProductList<AssociatedProduct> m_list;
-    SellerProductGrid *m_sellerProduct;
-    ZorvantaPropertiesGrid *m_properties;
     QPushButton *m_associate;
     QPushButton *m_deassociate;
 };

@@ -1,6 +1,7 @@
 #include "wizards/publications/ConfirmPublication.h"
 
 #include "editors/SellerProductGrid.h"
+#include "editors/ShownText.h"
 #include "editors/ZorvantaPropertiesGrid.h"
 #include "platform/core/RaisedError.h"
 #include "publication/AssociatedProduct.h"
@@ -21,18 +22,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
-
-namespace {
-
-QLineEdit *shownText(const char *name, QWidget *parent)
-{
-    auto *text = new QLineEdit(parent);
-    text->setObjectName(name);
-    text->setReadOnly(true);
-    return text;
-}
-
-} // namespace
 
 ConfirmPublication::ConfirmPublication(PageHost &parent, const QString &controlName,
                                        QWidget *widgetParent)

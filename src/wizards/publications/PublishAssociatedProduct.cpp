@@ -1,10 +1,7 @@
 #include "wizards/publications/PublishAssociatedProduct.h"
 
 #include "catalogue/SellerProduct.h"
-#include "editors/SellerProductGrid.h"
-#include "editors/SellerSearch.h"
-#include "editors/ZorvantaPropertiesGrid.h"
-#include "publication/AssociatedProduct.h"
+#include "editors/AssociatedProductColumns.h"
 #include "shell/ErrorHandling.h"
 #include "shell/frame/AbortQuestion.h"
 #include "shell/frame/NavigationButtons.h"
@@ -21,43 +18,21 @@ namespace {
 // Only what is associated can be published.
 constexpr std::int16_t kAssociatedProducts = 1;
 
-std::string lineOf(AssociatedProduct &association)
-{
-    const auto product = association.theSellerProduct();
-    const auto &marketplace = association.theZorvantaProduct();
-    return product->dovelID() + "\t" + product->Description() + "\t" + product->Reference() + "\t" +
-           (marketplace ? marketplace->id() : std::string());
-}
-
 } // namespace
 
 PublishAssociatedProduct::PublishAssociatedProduct(PageHost &parent, const QString &controlName,
                                                    QWidget *widgetParent)
-    : WizardPage(parent, controlName, widgetParent),
-      m_grid(new ProductListGrid({QString::fromUtf8("Código"), QString::fromUtf8("Descripción"),
-                                  "Referencia", QString::fromUtf8("Código Zorvanta")},
-                                 nullptr)),
-      m_list(
-          *m_grid, [](AssociatedProduct &line) { return line.associationId(); }, lineOf)
+    : SearchListPage(parent, controlName, widgetParent, AssociatedProductColumns::headings(),
+                     AssociatedProductColumns::keyOf, AssociatedProductColumns::lineOf,
+                     SearchListDetail::SellerAndZorvantaProduct)
 {
     auto *frame1 = new QGroupBox("Seleccione el producto a publicar", this);
     frame1->setObjectName("Frame1");
-    auto *frame2 = new QGroupBox(QString::fromUtf8("&Búsqueda"), frame1);
-    frame2->setObjectName("Frame2");
-    m_search = new SellerSearch(frame2);
-    m_search->setObjectName("SellerSearch1");
-    (new QVBoxLayout(frame2))->addWidget(m_search);
-    m_grid->setParent(frame1);
-    m_grid->setObjectName("MSFlexGrid1");
-    m_sellerProduct = new SellerProductGrid(frame1);
-    m_sellerProduct->setObjectName("SellerProductGrid1");
-    m_properties = new ZorvantaPropertiesGrid(frame1);
-    m_properties->setObjectName("ZorvantaPropertiesGrid1");
     auto *detail = new QHBoxLayout;
     detail->addWidget(m_sellerProduct, 2);
     detail->addWidget(m_properties, 3);
     auto *inside = new QVBoxLayout(frame1);
-    inside->addWidget(frame2);
+    inside->addWidget(m_searchFrame);
     inside->addWidget(m_grid, 3);
     inside->addLayout(detail, 2);
 
@@ -69,12 +44,6 @@ PublishAssociatedProduct::PublishAssociatedProduct(PageHost &parent, const QStri
     page->addWidget(frame1, 1);
     page->addWidget(m_buttons);
 
-    onEvent(m_search, &SellerSearch::Changed, "SellerSearch1_Changed",
-            [this] { SellerSearch1_Changed(); });
-    onEvent(m_grid, &ProductListGrid::SelChange, "MSFlexGrid1_SelChange",
-            [this] { ShowProduct(); });
-    onEvent(m_grid, &ProductListGrid::Scroll, "MSFlexGrid1_Scroll", [this] { GetMoreProducts(); });
-    onEvent(m_grid, &ProductListGrid::Resized, "MSFlexGrid1_Resize", [this] { GetMoreProducts(); });
     onEvent(m_buttons, &NavigationButtons::NextClick, "NavigationButtons1_NextClick",
             [this] { DoPublication(); });
     onEvent(m_buttons, &NavigationButtons::BackClick, "NavigationButtons1_BackClick",
@@ -110,26 +79,11 @@ bool PublishAssociatedProduct::canStop()
 
 void PublishAssociatedProduct::SellerSearch1_Changed()
 {
-    m_list.clear();
     clearDetail();
-    if (const auto products = m_search->products())
-        m_list.addPage(*products);
-    GetMoreProducts();
+    refill();
     if (!m_list.empty())
         ShowProduct();
     m_buttons->setNextEnabled(!m_list.empty());
-}
-
-void PublishAssociatedProduct::GetMoreProducts()
-{
-    withHandler(handlerLabel("GetMoreProducts"), [&] { m_list.GetMoreProducts(*m_search); });
-}
-
-void PublishAssociatedProduct::clearDetail()
-{
-    m_sellerProduct->setProduct(nullptr);
-    m_properties->setZorvantaProperties(nullptr);
-    m_properties->setValues(nullptr);
 }
 
 void PublishAssociatedProduct::ShowProduct()

@@ -1,17 +1,13 @@
 #pragma once
 
-#include "editors/ProductList.h"
-#include "shell/frame/WizardPage.h"
+#include "editors/SearchListPage.h"
+#include "publication/AssociatedProduct.h"
 
-class AssociatedProduct;
 class NavigationButtons;
-class SellerProductGrid;
-class SellerSearch;
-class ZorvantaPropertiesGrid;
 
 /// The first step of a new publication: the associated product to publish, found with the
 /// search and read page by page as the list scrolls, with its ERP and marketplace detail.
-class PublishAssociatedProduct : public WizardPage
+class PublishAssociatedProduct : public SearchListPage<AssociatedProduct>
 {
     Q_OBJECT
 public:
@@ -23,16 +19,9 @@ public:
     bool canStop() override;
 
 private:
-    void SellerSearch1_Changed();
-    void GetMoreProducts();
-    void ShowProduct();
-    void clearDetail();
+    void SellerSearch1_Changed() override;
+    void ShowProduct() override;
     void DoPublication();
 
-    SellerSearch *m_search;
-    ProductListGrid *m_grid;
-    ProductList<AssociatedProduct> m_list;
-    SellerProductGrid *m_sellerProduct;
-    ZorvantaPropertiesGrid *m_properties;
     NavigationButtons *m_buttons;
 };

@@ -2,12 +2,7 @@
 
 #include "catalogue/SellerProduct.h"
 #include "catalogue/ZorvantaProduct.h"
-#include "editors/ProductListGrid.h"
-#include "editors/SellerProductGrid.h"
-#include "editors/SellerSearch.h"
-#include "editors/ZorvantaPropertiesGrid.h"
 #include "platform/ui/Ui.h"
-#include "publication/PublishedProduct.h"
 #include "shell/ErrorHandling.h"
 #include "shell/frame/PageHost.h"
 #include "stores/Seller.h"
@@ -38,21 +33,17 @@ std::string lineOf(PublishedProduct &publication)
 
 ShowPublications::ShowPublications(PageHost &parent, const QString &controlName,
                                    QWidget *widgetParent)
-    : WizardPage(parent, controlName, widgetParent),
-      m_grid(new ProductListGrid({QString::fromUtf8("Código"), QString::fromUtf8("Descripción"),
-                                  "Referencia", QString::fromUtf8("Código Zorvanta"),
-                                  QString::fromUtf8("Código Publicación"),
-                                  QString::fromUtf8("Fecha de Publicación")},
-                                 this)),
-      m_list(
-          *m_grid,
+    : SearchListPage(
+          parent, controlName, widgetParent,
+          {QString::fromUtf8("Código"), QString::fromUtf8("Descripción"), "Referencia",
+           QString::fromUtf8("Código Zorvanta"), QString::fromUtf8("Código Publicación"),
+           QString::fromUtf8("Fecha de Publicación")},
           [](PublishedProduct &publication) {
               return publication.publicationId() + "|" +
                      publication.publicationDate().toString(Qt::ISODate).toStdString();
           },
-          lineOf)
+          lineOf, SearchListDetail::SellerAndZorvantaProduct)
 {
-    m_grid->setObjectName("MSFlexGrid1");
     auto *listFrame = new QGroupBox("Productos Publicados", this);
     listFrame->setObjectName("Frame1");
     m_publish = new QPushButton(QString::fromUtf8("&Crear nueva publicación"), listFrame);
@@ -70,20 +61,8 @@ ShowPublications::ShowPublications(PageHost &parent, const QString &controlName,
     listLayout->addWidget(m_grid, 1);
     listLayout->addLayout(buttons);
 
-    auto *searchFrame = new QGroupBox(QString::fromUtf8("&Búsqueda"), this);
-    searchFrame->setObjectName("Frame2");
-    m_search = new SellerSearch(searchFrame);
-    m_search->setObjectName("SellerSearch1");
-    auto *searchLayout = new QVBoxLayout(searchFrame);
-    searchLayout->addWidget(m_search);
-
-    m_sellerProduct = new SellerProductGrid(this);
-    m_sellerProduct->setObjectName("SellerProductGrid1");
-    m_properties = new ZorvantaPropertiesGrid(this);
-    m_properties->setObjectName("ZorvantaPropertiesGrid1");
-
     auto *top = new QHBoxLayout;
-    top->addWidget(searchFrame, 1);
+    top->addWidget(m_searchFrame, 1);
     top->addWidget(listFrame, 3);
     auto *details = new QHBoxLayout;
     details->addWidget(m_sellerProduct, 1);
@@ -92,14 +71,6 @@ ShowPublications::ShowPublications(PageHost &parent, const QString &controlName,
     page->addLayout(top, 3);
     page->addLayout(details, 2);
 
-    onEvent(m_search, &SellerSearch::Changed, "SellerSearch1_Changed",
-            [this] { SellerSearch1_Changed(); });
-    onEvent(m_grid, &ProductListGrid::SelChange, "MSFlexGrid1_SelChange",
-            [this] { ShowProduct(); });
-    onEvent(m_grid, &ProductListGrid::Scroll, "MSFlexGrid1_Scroll",
-            [this] { m_list.GetMoreProducts(*m_search); });
-    onEvent(m_grid, &ProductListGrid::Resized, "MSFlexGrid1_Resize",
-            [this] { m_list.GetMoreProducts(*m_search); });
     onEvent(m_publish, &QPushButton::clicked, "Publicar_Click", [this] { DoPublication(); });
     onEvent(m_modify, &QPushButton::clicked, "Modificar_Click", [this] { ModifyPublication(); });
     onEvent(m_remove, &QPushButton::clicked, "Despublicar_Click", [this] { RemovePublication(); });
@@ -133,24 +104,17 @@ void ShowPublications::Start()
 
 void ShowPublications::SellerSearch1_Changed()
 {
-    m_list.clear();
-    m_grid->AddHeadings();
-    if (const auto products = m_search->products())
-        m_list.addPage(*products);
-    m_list.GetMoreProducts(*m_search);
+    refill();
     showSelection();
 }
 
 void ShowPublications::showSelection()
 {
     const bool any = !m_list.empty();
-    if (any) {
+    if (any)
         ShowProduct();
-    } else {
-        m_sellerProduct->setProduct(nullptr);
-        m_properties->setZorvantaProperties(nullptr);
-        m_properties->setValues(nullptr);
-    }
+    else
+        clearDetail();
     m_modify->setEnabled(any);
     m_remove->setEnabled(any);
     m_publish->setEnabled(true);

@@ -1,20 +1,13 @@
 #pragma once
 
-#include "editors/ProductList.h"
-#include "shell/frame/WizardPage.h"
+#include "editors/SearchListPage.h"
+#include "publication/PublishedProduct.h"
 
-#include <memory>
-
-class ProductListGrid;
-class PublishedProduct;
 class QPushButton;
-class SellerProductGrid;
-class SellerSearch;
-class ZorvantaPropertiesGrid;
 
 /// The first page of the publication wizard: the seller's publications in any state, the
 /// selected one in detail, and the doors to publish, modify and withdraw.
-class ShowPublications : public WizardPage
+class ShowPublications : public SearchListPage<PublishedProduct>
 {
     Q_OBJECT
 public:
@@ -25,18 +18,13 @@ public:
     void Start() override;
 
 private:
-    void SellerSearch1_Changed();
+    void SellerSearch1_Changed() override;
     void showSelection();
-    void ShowProduct();
+    void ShowProduct() override;
     void DoPublication();
     void ModifyPublication();
     void RemovePublication();
 
-    ProductListGrid *m_grid;
-    ProductList<PublishedProduct> m_list;
-    SellerSearch *m_search;
-    SellerProductGrid *m_sellerProduct;
-    ZorvantaPropertiesGrid *m_properties;
     QPushButton *m_publish;
     QPushButton *m_modify;
     QPushButton *m_remove;

@@ -1,6 +1,7 @@
 #include "wizards/requests/RequestConfirmation.h"
 
 #include "catalogue/ZorvantaCategory.h"
+#include "editors/ShownText.h"
 #include "platform/core/RaisedError.h"
 #include "shell/ErrorHandling.h"
 #include "shell/frame/KeyedListView.h"
@@ -14,19 +15,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
-
-namespace {
-
-QLineEdit *shownText(const char *name, QWidget *parent)
-{
-    auto *text = new QLineEdit(parent);
-    text->setObjectName(name);
-    text->setReadOnly(true);
-    return text;
-}
-
-
-} // namespace
 
 RequestConfirmation::RequestConfirmation(PageHost &parent, const QString &controlName,
                                          QWidget *widgetParent)

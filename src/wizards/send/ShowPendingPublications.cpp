@@ -3,9 +3,6 @@
 #include "catalogue/SellerProduct.h"
 #include "catalogue/ZorvantaProperty.h"
 #include "catalogue/ZorvantaValue.h"
-#include "editors/SellerProductGrid.h"
-#include "editors/SellerSearch.h"
-#include "editors/ZorvantaPropertiesGrid.h"
 #include "platform/core/RaisedError.h"
 #include "platform/ui/Ui.h"
 #include "publication/FudgeValues.h"
@@ -68,15 +65,14 @@ std::shared_ptr<Ministores> linkedMinistores()
 
 ShowPendingPublications::ShowPendingPublications(PageHost &parent, const QString &controlName,
                                                  QWidget *widgetParent)
-    : WizardPage(parent, controlName, widgetParent),
-      m_grid(new ProductListGrid({"Estado", "Tipo", QString::fromUtf8("Código Dovel"),
-                                  QString::fromUtf8("Descripción"), "Referencia"},
-                                 nullptr)),
-      m_list(*m_grid, keyOf, lineOf)
+    : SearchListPage(parent, controlName, widgetParent,
+                     {"Estado", "Tipo", QString::fromUtf8("Código Dovel"),
+                      QString::fromUtf8("Descripción"), "Referencia"},
+                     keyOf, lineOf, SearchListDetail::SellerAndZorvantaProduct,
+                     QString::fromUtf8("Búsqueda"))
 {
     auto *frame1 = new QGroupBox("Operaciones por realizar", this);
     frame1->setObjectName("Frame1");
-    m_grid->setParent(frame1);
     m_showError = new QPushButton("&Mostrar Error", frame1);
     m_showError->setObjectName("ShowError");
     m_send = new QPushButton("&Enviar", frame1);
@@ -89,19 +85,8 @@ ShowPendingPublications::ShowPendingPublications(PageHost &parent, const QString
     inside1->addWidget(m_grid, 1);
     inside1->addLayout(buttons);
 
-    auto *frame2 = new QGroupBox(QString::fromUtf8("Búsqueda"), this);
-    frame2->setObjectName("Frame2");
-    m_search = new SellerSearch(frame2);
-    m_search->setObjectName("SellerSearch1");
-    (new QVBoxLayout(frame2))->addWidget(m_search);
-
-    m_sellerProduct = new SellerProductGrid(this);
-    m_sellerProduct->setObjectName("SellerProductGrid1");
-    m_properties = new ZorvantaPropertiesGrid(this);
-    m_properties->setObjectName("ZorvantaPropertiesGrid1");
-
     auto *top = new QHBoxLayout;
-    top->addWidget(frame2, 2);
+    top->addWidget(m_searchFrame, 2);
     top->addWidget(frame1, 3);
     auto *detail = new QHBoxLayout;
     detail->addWidget(m_sellerProduct, 2);
@@ -110,12 +95,6 @@ ShowPendingPublications::ShowPendingPublications(PageHost &parent, const QString
     page->addLayout(top, 3);
     page->addLayout(detail, 2);
 
-    onEvent(m_search, &SellerSearch::Changed, "SellerSearch1_Changed",
-            [this] { SellerSearch1_Changed(); });
-    onEvent(m_grid, &ProductListGrid::SelChange, "MSFlexGrid1_SelChange",
-            [this] { ShowProduct(); });
-    onEvent(m_grid, &ProductListGrid::Scroll, "MSFlexGrid1_Scroll", [this] { GetMoreProducts(); });
-    onEvent(m_grid, &ProductListGrid::Resized, "MSFlexGrid1_Resize", [this] { GetMoreProducts(); });
     onEvent(m_showError, &QPushButton::clicked, "ShowError_Click", [this] { ShowError_Click(); });
     onEvent(m_send, &QPushButton::clicked, "Enviar_Click", [this] { DoSend(); });
 }
@@ -154,16 +133,8 @@ void ShowPendingPublications::showFirst()
 
 void ShowPendingPublications::SellerSearch1_Changed()
 {
-    m_list.clear();
-    if (const auto products = m_search->products())
-        m_list.addPage(*products);
-    GetMoreProducts();
+    refill();
     showFirst();
-}
-
-void ShowPendingPublications::GetMoreProducts()
-{
-    withHandler(handlerLabel("GetMoreProducts"), [&] { m_list.GetMoreProducts(*m_search); });
 }
 
 void ShowPendingPublications::ShowProduct()

@@ -192,7 +192,8 @@ TEST(SoapClientTest, aFaultOrAReplyThatIsNoAnswerRaisesAPlatformErrorSayingWhatC
          replyEnvelope("<S:Fault><faultcode>S:Server</faultcode>"
                        "<faultstring>Categoría inexistente</faultstring></S:Fault>"),
          "S:Server: Categoría inexistente"},
-        {"an error page instead of a reply", 404, "<html>no está</html>", "HTTP status 404"},
+        {"an error page instead of a reply", 404, "<html>no está</html>",
+         "HTTP status 404: <html>no está</html>"},
         {"a reply that is not a SOAP envelope", 200, "<Products/>", "not a SOAP envelope"},
     };
     for (const auto &[situation, status, reply, described] : rows) {

@@ -39,6 +39,11 @@ const LoadRow kLoadRows[] = {
     {"an apostrophe in a name quoted with apostrophes", "<CurrentCategory name='O'Brien' id=''/>",
      false, ""},
     {"two root elements", "<A/><B/>", false, ""},
+    {"an accent written in Latin-1", "<DESCRIPTION>Sin cupo en la categor\xED" "a</DESCRIPTION>",
+     false, ""},
+    {"an accent cut in the middle of its UTF-8 bytes", "<A>categor\xC3</A>", false, ""},
+    {"a character past the last plane", "<A>\xF4\x90\x80\x80</A>", false, ""},
+    {"accents and signs in UTF-8", "<A>Categoría € 𝄞</A>", true, "<A>Categoría € 𝄞</A>"},
     {"a declaration after blanks", " <?xml version='1.0'?><A/>", false, ""},
 };
 

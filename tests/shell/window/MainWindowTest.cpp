@@ -9,8 +9,11 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
+
+#include <fstream>
 
 namespace {
 
@@ -18,6 +21,29 @@ namespace {
 class MainWindowTest : public ShellTest
 {
 protected:
+    // The shared data folders, where an installed assistant keeps its help pages, are the
+    // test's own and empty: the machine's installed package does not answer F1 here.
+    void SetUp() override
+    {
+        ShellTest::SetUp();
+        ASSERT_TRUE(m_sharedData.isValid());
+        for (const char *variable : {"XDG_DATA_HOME", "XDG_DATA_DIRS"}) {
+            m_previousEnvironment.emplace_back(variable, qgetenv(variable));
+            qputenv(variable, m_sharedData.path().toUtf8());
+        }
+    }
+    void TearDown() override
+    {
+        for (const auto &[variable, value] : m_previousEnvironment) {
+            if (value.isNull())
+                qunsetenv(variable);
+            else
+                qputenv(variable, value);
+        }
+        ShellTest::TearDown();
+    }
+    std::filesystem::path sharedData() const { return m_sharedData.path().toStdString(); }
+
     MainWindow *openWindow()
     {
         auto *window = new MainWindow(
@@ -36,7 +62,17 @@ protected:
     void release(MainWindow *window, Qt::Key key) { QTest::keyRelease(window, key); }
 
     int unloads = 0;
+
+private:
+    QTemporaryDir m_sharedData;
+    std::vector<std::pair<const char *, QByteArray>> m_previousEnvironment;
 };
+
+void writeHelpPage(const std::filesystem::path &folder)
+{
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "index.htm") << "<html><body>Ayuda</body></html>";
+}
 
 } // namespace
 
@@ -108,6 +144,40 @@ TEST_F(MainWindowTest, helpAsksThePanelButKeepsItOnShow)
     EXPECT_EQ(ui->openedUrls()[0],
               "file://" + std::filesystem::current_path().string() + "/docs/index.htm");
     EXPECT_EQ(window->helpBrowser(), ui->openedUrls()[0]);
+    window->close();
+}
+
+TEST_F(MainWindowTest, helpOpensTheWorkingFoldersPagesElseTheInstalledOnes)
+{
+    const std::filesystem::path beside = std::filesystem::current_path() / "docs" / "index.htm";
+    const std::filesystem::path installed = sharedData() / "asistente" / "docs" / "index.htm";
+    struct Row
+    {
+        const char *name;
+        bool pagesBeside;
+        bool pagesInstalled;
+        std::filesystem::path opened;
+    };
+    const Row rows[] = {
+        {"the pages in the seller's folder win over the installed ones", true, true, beside},
+        {"an installed assistant run from a folder without pages opens the installed ones", false,
+         true, installed},
+        {"with pages nowhere the seller's folder is still where it looks", false, false, beside},
+    };
+    MainWindow *window = openWindow();
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        std::filesystem::remove_all(beside.parent_path());
+        std::filesystem::remove_all(sharedData() / "asistente");
+        if (row.pagesBeside)
+            writeHelpPage(beside.parent_path());
+        if (row.pagesInstalled)
+            writeHelpPage(installed.parent_path());
+
+        release(window, Qt::Key_F1);
+        ASSERT_FALSE(ui->openedUrls().empty());
+        EXPECT_EQ(ui->openedUrls().back(), "file://" + row.opened.string());
+    }
     window->close();
 }
 
