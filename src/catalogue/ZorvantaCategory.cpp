@@ -85,14 +85,18 @@ void ZorvantaCategory::GetMore()
 
 void ZorvantaCategory::readPage()
 {
-    XmlDocument document;
-    document.setProperty("SelectionLanguage", "XPath");
     if (m_pagesRead == std::numeric_limits<std::int16_t>::max())
         raiseRuntimeError(RuntimeErrorNumber::Overflow);
     // No guard on allRead: the service is asked even when everything has been read.
-    const std::string reply =
+    readContentPage(
         callMarketplace(gCatalogInfoClient, "GetCategoryContent",
-                        {m_id, static_cast<std::int16_t>(m_pagesRead + 1), kQuerySize});
+                        {m_id, static_cast<std::int16_t>(m_pagesRead + 1), kQuerySize}));
+}
+
+void ZorvantaCategory::readContentPage(const std::string &reply)
+{
+    XmlDocument document;
+    document.setProperty("SelectionLanguage", "XPath");
     loadMarketplaceReply(document, reply, "CommerceServerCatalogInfoAPI.GetCategoryContent",
                          kStartQuery, "ZorvantaCategory:StartQuery");
 
@@ -135,32 +139,36 @@ std::shared_ptr<ZorvantaCategory::Products> ZorvantaCategory::productDefinitions
             return m_productDefinitions;
         // Made before the call, so that after a failure the next read gives what there is.
         m_productDefinitions = std::make_shared<Products>();
-        XmlDocument document;
-        document.setProperty("SelectionLanguage", "XPath");
-        const std::string reply =
-            callMarketplace(gCatalogInfoClient, "GetProductDefinition", {m_id});
-        loadMarketplaceReply(document, reply, "CommerceServerCatalogInfoAPI.GetProductDefinitions",
-                             kGetDefinitions, kGetDefinitions);
-        const XmlNode propertiesDefinition = document.selectSingleNode("//PropertiesDefinition");
-        if (!propertiesDefinition)
-            raiseError(-10503,
-                       "El XML retornado por CommerceServerCatalogInfoAPI.GetProductDefinitions "
-                       "no tiene el nodo PropertiesDefinition: " +
-                           reply,
-                       kGetDefinitions);
-        for (const XmlNode &definition : document.selectNodes("//Definition")) {
-            // The one PropertiesDefinition moves from each wrapper to the next: a template is
-            // read whole as soon as it is wrapped.
-            XmlNode wrapper = document.createElement("ProductDefinition");
-            wrapper.appendChild(propertiesDefinition);
-            wrapper.appendChild(definition);
-            auto product = std::make_shared<ZorvantaProduct>();
-            product->setIsDefinition(true);
-            product->setXml(wrapper);
-            m_productDefinitions->add(product);
-        }
+        readProductDefinitions(callMarketplace(gCatalogInfoClient, "GetProductDefinition", {m_id}),
+                               *m_productDefinitions);
         return m_productDefinitions;
     });
+}
+
+void ZorvantaCategory::readProductDefinitions(const std::string &reply, Products &definitions)
+{
+    XmlDocument document;
+    document.setProperty("SelectionLanguage", "XPath");
+    loadMarketplaceReply(document, reply, "CommerceServerCatalogInfoAPI.GetProductDefinitions",
+                         kGetDefinitions, kGetDefinitions);
+    const XmlNode propertiesDefinition = document.selectSingleNode("//PropertiesDefinition");
+    if (!propertiesDefinition)
+        raiseError(-10503,
+                   "El XML retornado por CommerceServerCatalogInfoAPI.GetProductDefinitions "
+                   "no tiene el nodo PropertiesDefinition: " +
+                       reply,
+                   kGetDefinitions);
+    for (const XmlNode &definition : document.selectNodes("//Definition")) {
+        // The one PropertiesDefinition moves from each wrapper to the next: a template is
+        // read whole as soon as it is wrapped.
+        XmlNode wrapper = document.createElement("ProductDefinition");
+        wrapper.appendChild(propertiesDefinition);
+        wrapper.appendChild(definition);
+        auto product = std::make_shared<ZorvantaProduct>();
+        product->setIsDefinition(true);
+        product->setXml(wrapper);
+        definitions.add(product);
+    }
 }
 
 void ZorvantaCategory::RequestNewProduct(std::string &xml)

@@ -56,6 +56,13 @@ public:
     /// failure, reported, the first read gives nullptr and later ones what was read.
     std::shared_ptr<Products> productDefinitions();
 
+    /// The reading half of GetMore: takes one page of the service's GetCategoryContent reply.
+    /// Raises what GetMore reports (-10503 for a reply that is malformed or lacks what it needs).
+    void readContentPage(const std::string &reply);
+    /// The reading half of productDefinitions: adds to `definitions` the templates of a
+    /// GetProductDefinition reply. Raises what productDefinitions reports.
+    static void readProductDefinitions(const std::string &reply, Products &definitions);
+
     /// Sends the request document `xml` for a new product, after prefixing it with the XML
     /// declaration: the caller's text keeps the prefix. Says in a box how it went.
     void RequestNewProduct(std::string &xml);

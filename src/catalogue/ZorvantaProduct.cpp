@@ -159,11 +159,14 @@ std::shared_ptr<ZorvantaProduct::Properties> ZorvantaProduct::properties()
 
 void ZorvantaProduct::loadProperties()
 {
+    const std::string storeId = firstMinistoreId(kGetProperties);
+    readProperties(callMarketplace(gCatalogInfoClient, "GetProductInformation", {m_id, storeId}));
+}
+
+void ZorvantaProduct::readProperties(const std::string &reply)
+{
     XmlDocument document;
     document.setProperty("SelectionLanguage", "XPath");
-    const std::string storeId = firstMinistoreId(kGetProperties);
-    const std::string reply =
-        callMarketplace(gCatalogInfoClient, "GetProductInformation", {m_id, storeId});
     loadMarketplaceReply(document, reply, "CommerceServerCatalogInfoAPI.GetProductInformation",
                          kGetProperties, kGetProperties);
     const auto fail = [&](const std::string &what) {

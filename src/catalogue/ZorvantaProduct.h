@@ -45,6 +45,10 @@ public:
     /// in one call to the service the first time; after a failure, reported, this first call
     /// gives nullptr and later ones what was read, without asking again.
     std::shared_ptr<Properties> properties();
+    /// The reading half of properties: takes the properties and values of a
+    /// GetProductInformation reply. Raises what properties reports (-10503 for a reply that is
+    /// malformed or lacks what it needs).
+    void readProperties(const std::string &reply);
     /// The three groups, keyed by id; each property of `properties` is in exactly one. Reading a
     /// group makes a product read its properties. Raises ObjectNotSet (91) when there are none
     /// to group because reading them failed early.

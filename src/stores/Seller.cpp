@@ -110,83 +110,87 @@ std::shared_ptr<Ministores> Seller::ministores()
     return withHandler("Seller:Ministores ", [&] {
         if (!m_ministores->empty())
             return m_ministores;
-        const std::string source = "Seller:Get ministores";
         if (!gStoreClient)
             raiseRuntimeError(RuntimeErrorNumber::ObjectNotSet);
-        const std::string storeText = gStoreClient->call("GetSellerInformation", {m_id});
-        XmlDocument storeReply;
-        if (!storeReply.loadXML(storeText))
-            raiseError(-10503,
-                       "El XML retornado por CommerceServerStoreAPI.GetSellerInformation está mal "
-                       "construido: " +
-                           storeText,
-                       source);
-        if (Commerce_IsError(storeReply))
-            raiseError(-11003, Commerce_ErrorDescription(storeReply),
-                       "Seller:Get ministores CommerceServerStoreAPI.GetSellerInformation retornó "
-                       "con error: " +
-                           std::to_string(Commerce_ErrorNumber(storeReply)));
-        storeReply.setProperty("SelectionLanguage", "XPath");
-
-        XmlDocument request;
-        XmlNode sellerId = request.createElement("SellerID");
-        sellerId.setText(m_id);
-        XmlNode getStoreInfo = request.createElement("GetStoreInfo");
-        getStoreInfo.appendChild(sellerId);
-        XmlNode license = request.createElement("ProductLicense");
-        license.setText(m_license);
-        getStoreInfo.appendChild(license);
-        request.appendChild(getStoreInfo);
-
-        std::string backOfficeText(static_cast<std::size_t>(kQdxReplySize), '\0');
-        const std::int32_t session = sessionId();
-        const std::int32_t code =
-            EjecutarOperacion(QdxOperation::ObtenerInformacionMinitiendas, session, request.xml(),
-                              backOfficeText, kQdxReplySize);
-        if (code != 0)
-            raiseError(code,
-                       "Error llamando a QDX en EjecutarOperacion "
-                       "QDX_Obtener_Informacion_Minitiendas : " +
-                           std::to_string(code) + ":" + QDXGetErrorMsg(code),
-                       source);
-        XmlDocument backOfficeReply;
-        if (!backOfficeReply.loadXML(backOfficeText))
-            raiseError(-10502,
-                       "El XML retornado por el QDX en EjecutarOperacion "
-                       "QDX_Obtener_Informacion_Minitiendas está mal construido: " +
-                           backOfficeText,
-                       source);
-        backOfficeReply.setProperty("SelectionLanguage", "XPath");
-        if (isError(backOfficeReply))
-            raiseError(ErrorNumber(backOfficeReply), errorDescription(backOfficeReply), source);
-
-        // The catalogue service names the stores; the back office only completes them, so a
-        // store it does not know is fatal and one it alone knows is ignored.
-        for (const XmlNode &store : storeReply.selectNodes("descendant::Store")) {
-            const XmlNodeList ids = store.selectNodes("StoreID");
-            if (ids.length() == 0)
-                raiseError(-10503,
-                           "El XML retornado por CommerceServerStoreAPI.GetSellerInformation no "
-                           "tiene etiqueta StoreID: " +
-                               storeReply.xml(),
-                           source);
-            const std::string storeId = ids.item(0).text();
-            const XmlNodeList details =
-                backOfficeReply.selectNodes("descendant::Store[@StoreID='" + storeId + "']");
-            if (details.length() == 0)
-                raiseError(-11002,
-                           "No se encontró en el XML retornado por "
-                           "EjecutarOperacion.QDX_Obtener_Informacion_Minitiendas la información "
-                           "de la tienda " +
-                               storeId + ": " + backOfficeText,
-                           source);
-            auto ministore = std::make_shared<ZorvantaMinistore>();
-            ministore->setXml(store, details.item(0));
-            const std::string key = ministore->id();
-            m_ministores->add(std::move(ministore), key);
-        }
+        readMinistores(gStoreClient->call("GetSellerInformation", {m_id}));
         return m_ministores;
     });
+}
+
+void Seller::readMinistores(const std::string &storeText)
+{
+    const std::string source = "Seller:Get ministores";
+    XmlDocument storeReply;
+    if (!storeReply.loadXML(storeText))
+        raiseError(-10503,
+                   "El XML retornado por CommerceServerStoreAPI.GetSellerInformation está mal "
+                   "construido: " +
+                       storeText,
+                   source);
+    if (Commerce_IsError(storeReply))
+        raiseError(-11003, Commerce_ErrorDescription(storeReply),
+                   "Seller:Get ministores CommerceServerStoreAPI.GetSellerInformation retornó "
+                   "con error: " +
+                       std::to_string(Commerce_ErrorNumber(storeReply)));
+    storeReply.setProperty("SelectionLanguage", "XPath");
+
+    XmlDocument request;
+    XmlNode sellerId = request.createElement("SellerID");
+    sellerId.setText(m_id);
+    XmlNode getStoreInfo = request.createElement("GetStoreInfo");
+    getStoreInfo.appendChild(sellerId);
+    XmlNode license = request.createElement("ProductLicense");
+    license.setText(m_license);
+    getStoreInfo.appendChild(license);
+    request.appendChild(getStoreInfo);
+
+    std::string backOfficeText(static_cast<std::size_t>(kQdxReplySize), '\0');
+    const std::int32_t session = sessionId();
+    const std::int32_t code =
+        EjecutarOperacion(QdxOperation::ObtenerInformacionMinitiendas, session, request.xml(),
+                          backOfficeText, kQdxReplySize);
+    if (code != 0)
+        raiseError(code,
+                   "Error llamando a QDX en EjecutarOperacion "
+                   "QDX_Obtener_Informacion_Minitiendas : " +
+                       std::to_string(code) + ":" + QDXGetErrorMsg(code),
+                   source);
+    XmlDocument backOfficeReply;
+    if (!backOfficeReply.loadXML(backOfficeText))
+        raiseError(-10502,
+                   "El XML retornado por el QDX en EjecutarOperacion "
+                   "QDX_Obtener_Informacion_Minitiendas está mal construido: " +
+                       backOfficeText,
+                   source);
+    backOfficeReply.setProperty("SelectionLanguage", "XPath");
+    if (isError(backOfficeReply))
+        raiseError(ErrorNumber(backOfficeReply), errorDescription(backOfficeReply), source);
+
+    // The catalogue service names the stores; the back office only completes them, so a
+    // store it does not know is fatal and one it alone knows is ignored.
+    for (const XmlNode &store : storeReply.selectNodes("descendant::Store")) {
+        const XmlNodeList ids = store.selectNodes("StoreID");
+        if (ids.length() == 0)
+            raiseError(-10503,
+                       "El XML retornado por CommerceServerStoreAPI.GetSellerInformation no "
+                       "tiene etiqueta StoreID: " +
+                           storeReply.xml(),
+                       source);
+        const std::string storeId = ids.item(0).text();
+        const XmlNodeList details =
+            backOfficeReply.selectNodes("descendant::Store[@StoreID='" + storeId + "']");
+        if (details.length() == 0)
+            raiseError(-11002,
+                       "No se encontró en el XML retornado por "
+                       "EjecutarOperacion.QDX_Obtener_Informacion_Minitiendas la información "
+                       "de la tienda " +
+                           storeId + ": " + backOfficeText,
+                       source);
+        auto ministore = std::make_shared<ZorvantaMinistore>();
+        ministore->setXml(store, details.item(0));
+        const std::string key = ministore->id();
+        m_ministores->add(std::move(ministore), key);
+    }
 }
 
 std::shared_ptr<VirtualDeposits> Seller::virtualDeposits()

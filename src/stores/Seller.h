@@ -52,6 +52,10 @@ public:
     /// next call. Null, after reporting, on a failure; the stores read before it stay, and a
     /// later call gives them back.
     std::shared_ptr<Ministores> ministores();
+    /// The reading half of ministores: takes the stores of the catalogue service's
+    /// GetSellerInformation reply, completing each from the back office. Raises what ministores
+    /// reports.
+    void readMinistores(const std::string &storeText);
     /// The first page (50) of the ERP's virtual deposits, each with the ministore it feeds.
     /// Read once and kept like ministores; null, after reporting, on a failure.
     std::shared_ptr<VirtualDeposits> virtualDeposits();
