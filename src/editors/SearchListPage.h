@@ -7,8 +7,11 @@
 #include "shell/frame/WizardPage.h"
 
 #include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
 #include <QStringList>
 #include <QVBoxLayout>
+#include <initializer_list>
 
 /// Which detail controls a search page shows under its list.
 enum class SearchListDetail { SellerProduct, SellerAndZorvantaProduct };
@@ -77,6 +80,34 @@ protected:
             m_properties->setZorvantaProperties(nullptr);
             m_properties->setValues(nullptr);
         }
+    }
+
+    /// The page's frame around the list (`Frame1`): `above` (the search, on pages that hold it
+    /// there) over the list, and `buttons` at its foot on the right, in the order given.
+    QGroupBox *listFrame(const QString &title, std::initializer_list<QPushButton *> buttons,
+                         QWidget *above = nullptr)
+    {
+        auto *frame = new QGroupBox(title, this);
+        frame->setObjectName("Frame1");
+        auto *foot = new QHBoxLayout;
+        foot->addStretch();
+        for (QPushButton *button : buttons)
+            foot->addWidget(button);
+        auto *inside = new QVBoxLayout(frame);
+        if (above != nullptr)
+            inside->addWidget(above);
+        inside->addWidget(m_grid, 1);
+        inside->addLayout(foot);
+        return frame;
+    }
+
+    /// The ERP product beside the marketplace product, with the widths' shares given.
+    QHBoxLayout *detailRow(int sellerShare, int propertiesShare)
+    {
+        auto *row = new QHBoxLayout;
+        row->addWidget(m_sellerProduct, sellerShare);
+        row->addWidget(m_properties, propertiesShare);
+        return row;
     }
 
     /// Reads further pages while the list would show a gap at its foot.

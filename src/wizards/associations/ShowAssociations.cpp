@@ -25,20 +25,12 @@ ShowAssociations::ShowAssociations(PageHost &parent, const QString &controlName,
                      AssociatedProductColumns::keyOf, AssociatedProductColumns::lineOf,
                      SearchListDetail::SellerAndZorvantaProduct)
 {
-    auto *frame1 = new QGroupBox("Productos Asociados", this);
-    frame1->setObjectName("Frame1");
-    m_associate = new QPushButton(QString::fromUtf8("Crear nueva &asociación"), frame1);
+    m_associate = new QPushButton(QString::fromUtf8("Crear nueva &asociación"));
     m_associate->setObjectName("Asociar");
-    m_deassociate = new QPushButton("&Desasociar", frame1);
+    m_deassociate = new QPushButton("&Desasociar");
     m_deassociate->setObjectName("Desasociar");
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_associate);
-    buttons->addWidget(m_deassociate);
-    auto *inside1 = new QVBoxLayout(frame1);
-    inside1->addWidget(m_searchFrame);
-    inside1->addWidget(m_grid, 1);
-    inside1->addLayout(buttons);
+    QGroupBox *frame1 =
+        listFrame("Productos Asociados", {m_associate, m_deassociate}, m_searchFrame);
 
     auto *frame3 = new QGroupBox("Producto &Dovel", this);
     frame3->setObjectName("Frame3");

@@ -28,13 +28,10 @@ PublishAssociatedProduct::PublishAssociatedProduct(PageHost &parent, const QStri
 {
     auto *frame1 = new QGroupBox("Seleccione el producto a publicar", this);
     frame1->setObjectName("Frame1");
-    auto *detail = new QHBoxLayout;
-    detail->addWidget(m_sellerProduct, 2);
-    detail->addWidget(m_properties, 3);
     auto *inside = new QVBoxLayout(frame1);
     inside->addWidget(m_searchFrame);
     inside->addWidget(m_grid, 3);
-    inside->addLayout(detail, 2);
+    inside->addLayout(detailRow(2, 3), 2);
 
     m_buttons = new NavigationButtons(this);
     m_buttons->setObjectName("NavigationButtons1");

@@ -44,32 +44,20 @@ ShowPublications::ShowPublications(PageHost &parent, const QString &controlName,
           },
           lineOf, SearchListDetail::SellerAndZorvantaProduct)
 {
-    auto *listFrame = new QGroupBox("Productos Publicados", this);
-    listFrame->setObjectName("Frame1");
-    m_publish = new QPushButton(QString::fromUtf8("&Crear nueva publicación"), listFrame);
+    m_publish = new QPushButton(QString::fromUtf8("&Crear nueva publicación"));
     m_publish->setObjectName("Publicar");
-    m_modify = new QPushButton(QString::fromUtf8("M&odificar publicación"), listFrame);
+    m_modify = new QPushButton(QString::fromUtf8("M&odificar publicación"));
     m_modify->setObjectName("Modificar");
-    m_remove = new QPushButton("&Despublicar", listFrame);
+    m_remove = new QPushButton("&Despublicar");
     m_remove->setObjectName("Despublicar");
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_publish);
-    buttons->addWidget(m_modify);
-    buttons->addWidget(m_remove);
-    auto *listLayout = new QVBoxLayout(listFrame);
-    listLayout->addWidget(m_grid, 1);
-    listLayout->addLayout(buttons);
+    QGroupBox *frame1 = listFrame("Productos Publicados", {m_publish, m_modify, m_remove});
 
     auto *top = new QHBoxLayout;
     top->addWidget(m_searchFrame, 1);
-    top->addWidget(listFrame, 3);
-    auto *details = new QHBoxLayout;
-    details->addWidget(m_sellerProduct, 1);
-    details->addWidget(m_properties, 2);
+    top->addWidget(frame1, 3);
     auto *page = new QVBoxLayout(this);
     page->addLayout(top, 3);
-    page->addLayout(details, 2);
+    page->addLayout(detailRow(1, 2), 2);
 
     onEvent(m_publish, &QPushButton::clicked, "Publicar_Click", [this] { DoPublication(); });
     onEvent(m_modify, &QPushButton::clicked, "Modificar_Click", [this] { ModifyPublication(); });

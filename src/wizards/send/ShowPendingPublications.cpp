@@ -71,29 +71,18 @@ ShowPendingPublications::ShowPendingPublications(PageHost &parent, const QString
                      keyOf, lineOf, SearchListDetail::SellerAndZorvantaProduct,
                      QString::fromUtf8("Búsqueda"))
 {
-    auto *frame1 = new QGroupBox("Operaciones por realizar", this);
-    frame1->setObjectName("Frame1");
-    m_showError = new QPushButton("&Mostrar Error", frame1);
+    m_showError = new QPushButton("&Mostrar Error");
     m_showError->setObjectName("ShowError");
-    m_send = new QPushButton("&Enviar", frame1);
+    m_send = new QPushButton("&Enviar");
     m_send->setObjectName("Enviar");
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_showError);
-    buttons->addWidget(m_send);
-    auto *inside1 = new QVBoxLayout(frame1);
-    inside1->addWidget(m_grid, 1);
-    inside1->addLayout(buttons);
+    QGroupBox *frame1 = listFrame("Operaciones por realizar", {m_showError, m_send});
 
     auto *top = new QHBoxLayout;
     top->addWidget(m_searchFrame, 2);
     top->addWidget(frame1, 3);
-    auto *detail = new QHBoxLayout;
-    detail->addWidget(m_sellerProduct, 2);
-    detail->addWidget(m_properties, 3);
     auto *page = new QVBoxLayout(this);
     page->addLayout(top, 3);
-    page->addLayout(detail, 2);
+    page->addLayout(detailRow(2, 3), 2);
 
     onEvent(m_showError, &QPushButton::clicked, "ShowError_Click", [this] { ShowError_Click(); });
     onEvent(m_send, &QPushButton::clicked, "Enviar_Click", [this] { DoSend(); });
