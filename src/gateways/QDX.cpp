@@ -55,6 +55,24 @@ std::int32_t EjecutarOperacion(std::int32_t operationId, std::int32_t sessionId,
     });
 }
 
+std::string callQdxOperation(std::int32_t operationId, std::int32_t sessionId,
+                             const std::string &request, const std::string &operation,
+                             const std::string &source)
+{
+    std::string reply(static_cast<std::size_t>(kQdxReplySize), '\0');
+    const std::int32_t code =
+        EjecutarOperacion(operationId, sessionId, request, reply, kQdxReplySize);
+    if (code != 0) {
+        // The number as the back office's messages write it: " 5", "-2048".
+        const std::string number = (code < 0 ? "" : " ") + std::to_string(code);
+        raiseError(code,
+                   "Error llamando a QDX.dll en EjecutarOperacion " + operation + number + ":" +
+                       QDXGetErrorMsg(code),
+                   source);
+    }
+    return reply;
+}
+
 bool QDXGetOperationConfiguration()
 {
     return withHandler("QDX:QDXGetOperationConfiguration", [] {

@@ -31,6 +31,14 @@ std::int32_t EjecutarOperacion(std::int32_t operationId, std::int32_t sessionId,
                                const std::string &request, std::string &reply,
                                std::int32_t size);
 
+/// EjecutarOperacion in the seller's session `sessionId` with a reply of kQdxReplySize, giving
+/// back the reply. A code other than 0 is raised from `source`, described as "Error llamando a
+/// QDX.dll en EjecutarOperacion " + `operation` (as each caller writes it, separator included),
+/// the code with a leading blank when it is not negative, ":" and QDXGetErrorMsg of the code.
+std::string callQdxOperation(std::int32_t operationId, std::int32_t sessionId,
+                             const std::string &request, const std::string &operation,
+                             const std::string &source);
+
 /// Reads the batch limits into gOperationLimits. This first use of the session is what makes the
 /// seller and opens the session at start-up. False, after reporting, on any failure.
 bool QDXGetOperationConfiguration();

@@ -102,14 +102,9 @@ void SendRun::markProcessing(const CatalogBatch &batch)
 
 int SendRun::send(const std::string &request)
 {
-    std::string reply(static_cast<std::size_t>(kQdxReplySize), '\0');
-    const std::int32_t code = EjecutarOperacion(
-        QdxOperation::OperacionesCatalogo, gSeller->sessionId(), request, reply, kQdxReplySize);
-    if (code != 0)
-        raiseError(code,
-                   "Error llamando a QDX.dll en EjecutarOperacion QDX_Operaciones_Catalogo: " +
-                       signedDecimal(code) + ":" + QDXGetErrorMsg(code),
-                   kSource);
+    const std::string reply = callQdxOperation(QdxOperation::OperacionesCatalogo,
+                                               gSeller->sessionId(), request,
+                                               "QDX_Operaciones_Catalogo: ", kSource);
     XmlDocument answer;
     if (!answer.loadXML(reply))
         raiseError(-10502,

@@ -6,11 +6,6 @@
 #include <cmath>
 #include <limits>
 
-std::string signedDecimal(std::int32_t number)
-{
-    return (number < 0 ? "" : " ") + std::to_string(number);
-}
-
 std::int16_t toInt16(double value)
 {
     const double rounded = std::nearbyint(value);

@@ -3,10 +3,6 @@
 #include <cstdint>
 #include <string>
 
-/// A number as the back-office messages write it: a leading blank when it is not negative
-/// (" 5", "-2048").
-std::string signedDecimal(std::int32_t number);
-
 /// A count read from the database as a 16-bit number: rounded half to even, Overflow (6) outside
 /// -32768..32767.
 std::int16_t toInt16(double value);

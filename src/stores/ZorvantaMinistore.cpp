@@ -99,15 +99,9 @@ bool ZorvantaMinistore::validateUser()
         root.appendChild(request.createElement("Password")).setText(m_password);
         root.appendChild(request.createElement("Store")).setAttribute("StoreID", m_id);
 
-        std::string reply(static_cast<std::size_t>(kQdxReplySize), '\0');
-        const std::int32_t code =
-            EjecutarOperacion(QdxOperation::ValidarUsuario, gSeller->sessionId(), request.xml(),
-                              reply, kQdxReplySize);
-        if (code != 0)
-            raiseError(code,
-                       "Error llamando a QDX.dll en EjecutarOperacion QDX_Validar_Usuario: " +
-                           signedDecimal(code) + ":" + QDXGetErrorMsg(code),
-                       source);
+        const std::string reply =
+            callQdxOperation(QdxOperation::ValidarUsuario, gSeller->sessionId(), request.xml(),
+                             "QDX_Validar_Usuario: ", source);
         XmlDocument answer;
         if (!answer.loadXML(reply))
             raiseError(-10502,
@@ -185,16 +179,9 @@ bool ZorvantaMinistore::setTaxesInZorvanta()
         }
 
         const std::string requestText = request.xml();
-        std::string reply(static_cast<std::size_t>(kQdxReplySize), '\0');
-        const std::int32_t code =
-            EjecutarOperacion(QdxOperation::SincronizarImpuestos, gSeller->sessionId(), requestText,
-                              reply, kQdxReplySize);
-        if (code != 0)
-            raiseError(
-                code,
-                "Error llamando a QDX.dll en EjecutarOperacion QDX_Sincronizar_Impuestos : " +
-                    signedDecimal(code) + ":" + QDXGetErrorMsg(code),
-                source);
+        const std::string reply =
+            callQdxOperation(QdxOperation::SincronizarImpuestos, gSeller->sessionId(),
+                             requestText, "QDX_Sincronizar_Impuestos : ", source);
         XmlDocument answer;
         if (!answer.loadXML(reply))
             raiseError(-10502,
