@@ -19,6 +19,20 @@ protected:
         std::string err;
     };
 
+    /// Store 100 linked; a new publication (1, at `newPrice`), an update of 2's price from
+    /// 10.00 to 12.50 and a withdrawal of 3.
+    void queueAllThreeOperations(const char *newPrice = "10.00")
+    {
+        link("100", "DV-01");
+        waiting(1, "E-1", "ZP-1", "L", "I", price(newPrice), 1);
+        associate(2, "E-2", "ZP-2");
+        publication(2, 2, "100", "K", price("10.00"));
+        pending(2, 2, "100", "A", price("12.50"), 2);
+        associate(3, "E-3", "ZP-3");
+        publication(3, 3, "100", "K", price("10.00"));
+        pending(3, 3, "100", "E", {}, 3);
+    }
+
     Run ctl(const std::string &arguments)
     {
         const std::string dir = database->dir().string();

@@ -20,23 +20,7 @@ void alreadyPublished(std::string &data)
 
 } // namespace
 
-class UnattendedSendTest : public AsistentectlTest
-{
-protected:
-    /// Store 100 linked; a new publication (1), an update of 2's price from 10.00 to 12.50 and
-    /// a withdrawal of 3.
-    void queueAllThreeOperations()
-    {
-        link("100", "DV-01");
-        waiting(1, "E-1", "ZP-1", "L", "I", price("10.00"), 1);
-        associate(2, "E-2", "ZP-2");
-        publication(2, 2, "100", "K", price("10.00"));
-        pending(2, 2, "100", "A", price("12.50"), 2);
-        associate(3, "E-3", "ZP-3");
-        publication(3, 3, "100", "K", price("10.00"));
-        pending(3, 3, "100", "E", {}, 3);
-    }
-};
+class UnattendedSendTest : public AsistentectlTest {};
 
 TEST_F(UnattendedSendTest, thePreviewShowsAndChangesNothingAndIsWhatTheNextSendTransmits)
 {

@@ -52,14 +52,7 @@ protected:
                                 "\"Cy_List_Price\">10.00</Field></Publication>"
                                 "<Publication id=\"3\" product=\"ZP-3\"/>");
         });
-        link("100", "DV-01");
-        waiting(1, "E-1", "ZP-1", "L", "I", price("1.00"), 1);
-        associate(2, "E-2", "ZP-2");
-        publication(2, 2, "100", "K", price("10.00"));
-        pending(2, 2, "100", "A", price("12.50"), 2);
-        associate(3, "E-3", "ZP-3");
-        publication(3, 3, "100", "K", price("10.00"));
-        pending(3, 3, "100", "E", {}, 3);
+        queueAllThreeOperations("1.00");
     }
     void restart()
     {
